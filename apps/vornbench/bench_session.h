@@ -1,0 +1,31 @@
+#pragma once
+
+#include "apps/vornbench/module_loader.h"
+#include "apps/vornbench/test_catalog.h"
+#include "vorntest/vorn_test_bench.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// A configuration with its modules loaded and its tests built.
+class BenchSession
+{
+public:
+    /// Throws vorntest::ConfigError when configuration or modules cannot be used.
+    explicit BenchSession(std::string const& configPath);
+
+    vorntest::TestsConfig const& config() const { return m_bench.testsConfig(); }
+    TestCatalog const& catalog() const { return *m_catalog; }
+    CppUnit::PlugInManager& plugIns() { return m_modules.plugIns(); }
+    /// What looks wrong in configuration and suite files but does not keep tests from running.
+    std::vector<std::string> warnings() const;
+
+private:
+    // In the order of construction: tests live in their modules' code, modules ask for the bench.
+    vorntest::VornTestBench m_bench;
+    ModuleLoader m_modules;
+    std::unique_ptr<CppUnit::Test> m_tests;
+    std::optional<TestCatalog> m_catalog;
+};

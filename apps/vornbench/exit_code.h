@@ -1,0 +1,12 @@
+#pragma once
+
+/// What the program returns to the shell.
+enum class ExitCode
+{
+    AllPassed = 0,
+    SomeFailed = 1,
+    Interrupted = 2,
+    InternalError = 3,
+    Usage = 4, ///< command line or configuration
+    NothingSelected = 5
+};

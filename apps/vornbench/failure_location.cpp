@@ -1,0 +1,74 @@
+#include "apps/vornbench/failure_location.h"
+
+#include "host/root/od_string.h"
+
+#include <cppunit/Exception.h>
+
+#include <charconv>
+#include <filesystem>
+
+namespace {
+
+// A command test adds this detail to each failure: Operation 'NAME' at PATH:LINE
+constexpr std::string_view operationBegin = "Operation '";
+constexpr std::string_view operationPlace = "' at ";
+
+FileLocation operationLocation(std::string_view detail)
+{
+    std::size_t const place = detail.find(operationPlace);
+    std::size_t const colon = detail.rfind(':');
+    if (!detail.starts_with(operationBegin) || place == std::string_view::npos ||
+        colon == std::string_view::npos || colon < place + operationPlace.size())
+        return {};
+    int line = 0;
+    char const* const end = detail.data() + detail.size();
+    auto const [stop, error] = std::from_chars(detail.data() + colon + 1, end, line);
+    if (error != std::errc() || stop != end || line <= 0)
+        return {};
+    std::size_t const pathBegin = place + operationPlace.size();
+    return {shownPath(std::string(detail.substr(pathBegin, colon - pathBegin))), line};
+}
+
+// Nested operations add their lines from the inside out; the innermost is the one that failed.
+FileLocation innermostOperation(std::vector<std::string> const& details)
+{
+    for (std::string const& detail : details)
+        if (FileLocation location = operationLocation(detail); !location.file.empty())
+            return location;
+    return {};
+}
+
+} // namespace
+
+TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntry const& entry)
+{
+    TestFailureRecord record;
+    record.isError = failure.isError();
+    CppUnit::Message const message = failure.thrownException()->message();
+    record.summary = message.shortDescription();
+    for (int i = 0; i < message.detailCount(); ++i)
+        record.details.push_back(message.detailAt(i));
+    if (CppUnit::SourceLine const line = failure.sourceLine(); line.isValid())
+        record.source = {line.fileName(), line.lineNumber()};
+    record.location = innermostOperation(record.details);
+    if (record.location.file.empty())
+        record.location = testLocation(entry);
+    if (record.location.file.empty())
+        record.location = record.source;
+    return record;
+}
+
+FileLocation testLocation(CatalogEntry const& entry)
+{
+    if (!entry.argument || entry.argument->empty())
+        return {};
+    return {shownPath(odWideToUtf8(*entry.argument)), 1};
+}
+
+std::string shownPath(std::string const& path)
+{
+    std::error_code error;
+    std::string const folder = std::filesystem::current_path(error).string() + "/";
+    bool const isBelow = !error && folder.size() > 1 && path.starts_with(folder);
+    return isBelow ? path.substr(folder.size()) : path;
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "apps/vornbench/bench_session.h"
+#include "apps/vornbench/test_selection.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+/// "selected 12 of 14 tests", with the suites that were left out because they run only when named.
+std::string selectedText(std::size_t selected, std::size_t total, std::vector<std::string> const& explicitSuites);
+
+/// Writes what looks wrong in the configuration, and filters that match no test.
+void printWarnings(BenchSession const& session, TestSelection const& selection, std::ostream& out);

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "host/app/oa_app.h"
+
+#include <memory>
+#include <vector>
+
+namespace ca {
+
+class AppPreferences;
+class CaDoc;
+class CommandLine;
+class CommandProcessor;
+class SysVarStore;
+
+/// Told of what happens to documents. Listeners may add and remove listeners while they are told.
+class DocumentListener
+{
+public:
+    virtual ~DocumentListener() = default;
+    /// The document is still open, and current if it was. An exception keeps it open.
+    virtual void documentClosing(CaDoc&) {}
+    /// Another document is current now, or none.
+    virtual void currentDocumentChanged() {}
+};
+
+/// The application: its documents, command line and variables. While documents are open, one of them is current.
+/// Paths are taken as they are, without references to environment variables; relative ones count from the current
+/// folder. Failures are said on the command line.
+class CaApp : public oa::OaApp
+{
+public:
+    CaApp();
+    ~CaApp() override;
+
+    /// @name Documents, in the order of opening
+    /// @{
+    int getDocumentsCount() const { return static_cast<int>(m_documents.size()); }
+    /// Null for an index out of range.
+    CaDoc* getDocument(int index) const;
+    bool hasDocument(oa::ApDoc const* document) const;
+    /// Null when none is open.
+    CaDoc* currentDocument() const { return m_current; }
+    /// The document whose file this is: the same existing file, links followed, else the same full path, case and
+    /// all. Null when there is none; an unnamed drawing is never found.
+    CaDoc* findDocument(OdString const& path) const;
+
+    /// Opens a drawing as document. Without a path: a new drawing from the built-in template. A relative path is
+    /// also looked for in the folders of SRCHPATH. With `asNew` the document is an unnamed copy of the file.
+    /// A file that is open already is made current (if asked to) and counts as success. On failure everything stays
+    /// as it was.
+    bool openFile(wchar_t const* path = nullptr, bool readOnly = false, int asNew = 0, bool makeCurrent = true);
+    /// Reads a drawing without making it a document; null on failure.
+    OdDbDatabasePtr readFile(OdString const& path);
+
+    /// False for a document that is not open.
+    bool activate(oa::ApDoc const* document);
+    /// Closes without saving and without asking; the most recently current of the others becomes current. False for
+    /// a document that is not open. The document does not exist afterwards.
+    bool closeDocument(oa::ApDoc const* document);
+    /// @}
+
+    void addListener(DocumentListener* listener);
+    void removeListener(DocumentListener* listener);
+
+    CommandLine& commandLine() { return *m_commandLine; }
+    CommandProcessor& commandProcessor();
+    /// Values of the variables that the application keeps.
+    SysVarStore& variables() { return *m_variables; }
+    AppPreferences& preferences() { return *m_preferences; }
+
+    /// The full path of an existing file, relative names also looked for in the folders of SRCHPATH. What is not
+    /// found gives the full path under the current folder.
+    OdString findFile(OdString const& name) const;
+    /// Number for the title of the next unnamed drawing.
+    int takeDrawingNumber() { return ++m_drawingNumber; }
+
+private:
+    CaDoc& addDocument(OdDbDatabasePtr database, OdString const& fileName, bool readOnly, bool makeCurrent);
+    CaDoc* findByPointer(oa::ApDoc const* document) const;
+    bool openPath(OdString const& path, bool readOnly, bool asNew, bool makeCurrent);
+    void makeCurrentDocument(CaDoc* document);
+
+    std::unique_ptr<CommandLine> m_commandLine;
+    std::unique_ptr<SysVarStore> m_variables;
+    std::unique_ptr<AppPreferences> m_preferences;
+    std::vector<std::unique_ptr<CaDoc>> m_documents;
+    std::vector<CaDoc*> m_recent; // all documents, the most recently current one last
+    CaDoc* m_current = nullptr;
+    std::vector<DocumentListener*> m_listeners;
+    int m_drawingNumber = 0;
+    std::unique_ptr<CommandProcessor> m_commandProcessor; // last: goes first, it listens to the documents
+};
+
+/// The application object, made on first use; never null.
+CaApp* app();
+/// The current document and its drawing, null when none is open.
+CaDoc* curDoc();
+OdDbDatabase* curDb();
+
+/// Shows a warning on the command line; never waits for anybody.
+void warningPrompt(OdString const& text);
+/// The same formatted as by OdString::format.
+template <class... Arguments>
+void warningPromptf(wchar_t const* format, Arguments... arguments)
+{
+    warningPrompt(odFormat(format, arguments...));
+}
+
+} // namespace ca

@@ -1,0 +1,66 @@
+#include "host/db/entities/od_db_point.h"
+
+#include "host/db/entities/od_db_plane_transform.h"
+#include "host/db/entities/od_db_transform.h"
+
+OD_DB_DEFINE_CLASS(OdDbPoint, OdDbEntity, "POINT")
+
+OdDbFieldTable const& OdDbPoint::fields()
+{
+    // clang-format off
+    static constexpr OdDbField s_fields[] = {
+        odField<&OdDbPoint::m_position>      (10, OdDbWriteRule::kAlways),
+        odField<&OdDbPoint::m_thickness>     (39),
+        odField<&OdDbPoint::m_normal>        (210),
+        odField<&OdDbPoint::m_symbolRotation>(50),
+    };
+    // clang-format on
+    static OdDbFieldTable const s_table({entitySection(), {"AcDbPoint", s_fields}});
+    return s_table;
+}
+
+void OdDbPoint::setPosition(OdGePoint3d const& position)
+{
+    assertWriteEnabled();
+    m_position = position;
+}
+
+void OdDbPoint::setNormal(OdGeVector3d const& normal)
+{
+    OdGeVector3d const unit = odDbUnitNormal(normal);
+    assertWriteEnabled();
+    m_normal = unit;
+}
+
+void OdDbPoint::setThickness(double thickness)
+{
+    assertWriteEnabled();
+    m_thickness = thickness;
+}
+
+void OdDbPoint::setSymbolRotation(double angle)
+{
+    assertWriteEnabled();
+    m_symbolRotation = OdDbAngle::ofRadians(angle);
+}
+
+OdResult OdDbPoint::transformBy(OdGeMatrix3d const& transformation)
+{
+    OdGeVector3d normal = m_normal;
+    double thickness = m_thickness;
+    auto const plane = OdDbPlaneTransform::make(transformation, m_normal);
+    if (OdResult const result = odDbTransformExtrusion(transformation, normal, thickness); result != eOk)
+        return result;
+    assertWriteEnabled();
+    m_position = transformation * m_position;
+    m_normal = normal;
+    m_thickness = thickness;
+    if (plane && plane->keepsShape())
+        m_symbolRotation = *plane * m_symbolRotation;
+    return eOk;
+}
+
+void OdDbPoint::outline(OdDbOutlineSink& sink) const
+{
+    sink.point(m_position);
+}

@@ -1,0 +1,219 @@
+#include "host/db/od_db_database.h"
+
+#include "host/db/records/od_db_symbol_table.h"
+
+OdRxClass* OdDbDatabase::desc()
+{
+    static OdRxClass s_class(L"OdDbDatabase", &OdDbObject::desc, []() -> OdRxObject* { return new OdDbDatabase; });
+    return &s_class;
+}
+static OdRxClassRegistrar const s_registerOdDbDatabase(&OdDbDatabase::desc);
+
+OdDbDatabase::OdDbDatabase(bool fromTemplate)
+{
+    m_undo.enable(false);
+    if (fromTemplate)
+        completeFromTemplate();
+    m_undo.enable(true);
+    m_changes = 0;
+}
+
+OdDbDatabase::~OdDbDatabase()
+{
+    for (OdDbStub& stub : m_stubs) {
+        if (OdDbObject* const object = std::exchange(stub.object, nullptr)) {
+            object->m_stub = nullptr;
+            object->setOwnedByOne(false);
+            object->release();
+        }
+    }
+}
+
+OdDbSymbolTable& OdDbDatabase::table(OdDbTableKind kind) const
+{
+    OdDbObjectId const id = getTableId(kind);
+    if (!id.isValid())
+        throw OdError(eNullObjectId);
+    return *static_cast<OdDbSymbolTable*>(id.stub()->object);
+}
+
+OdDbObjectId OdDbDatabase::getLayerZeroId() const
+{
+    return table(OdDbTableKind::kLayer).getAt(L"0");
+}
+
+OdDbObjectId OdDbDatabase::getLinetypeByLayerId() const
+{
+    return table(OdDbTableKind::kLinetype).getAt(L"ByLayer");
+}
+
+void OdDbDatabase::setSpaces(OdDbObjectId model, OdDbObjectId paper)
+{
+    m_modelSpace = model;
+    m_paperSpace = paper;
+}
+
+/// A header variable as it was.
+class OdDbHeaderStep : public OdDbUndoStep
+{
+public:
+    OdDbHeaderStep(std::string_view name, OdDbTagList tags) : m_name(name), m_tags(std::move(tags)) {}
+    void revert(OdDbDatabase& database) override
+    {
+        m_tags = database.m_header.set(m_name, std::move(m_tags));
+        if (database.m_header.find(m_name)->tags.empty())
+            database.m_header.remove(m_name);
+        database.noteChange();
+    }
+
+private:
+    std::string m_name;
+    OdDbTagList m_tags;
+};
+
+void OdDbDatabase::setHeaderVariable(std::string_view name, OdDbTagList tags)
+{
+    OdDbTagList before = m_header.set(name, std::move(tags));
+    m_undo.add(std::make_unique<OdDbHeaderStep>(name, std::move(before)));
+    noteChange();
+}
+
+void OdDbDatabase::setHeaderReal(std::string_view name, int code, double value)
+{
+    OdDbTagList tags;
+    tags.real(code, value);
+    setHeaderVariable(name, std::move(tags));
+}
+
+void OdDbDatabase::setHeaderInteger(std::string_view name, int code, std::int64_t value)
+{
+    OdDbTagList tags;
+    tags.integer(code, value);
+    setHeaderVariable(name, std::move(tags));
+}
+
+void OdDbDatabase::setHeaderPoint(std::string_view name, OdGePoint3d const& value, int coordinates)
+{
+    double const values[] = {value.x, value.y, value.z};
+    OdDbTagList tags;
+    tags.point(10, values, coordinates);
+    setHeaderVariable(name, std::move(tags));
+}
+
+void OdDbDatabase::setHeaderText(std::string_view name, int code, OdString const& value)
+{
+    OdDbTagList tags;
+    tags.text(code, value);
+    setHeaderVariable(name, std::move(tags));
+}
+
+void OdDbDatabase::setTILEMODE(bool on)
+{
+    if (getTILEMODE() != on)
+        setHeaderInteger("TILEMODE", 70, on ? 1 : 0);
+}
+
+/// The current record of a table as it was.
+class OdDbCurrentStep : public OdDbUndoStep
+{
+public:
+    OdDbCurrentStep(OdDbTableKind kind, OdDbObjectId before) : m_kind(static_cast<std::size_t>(kind)), m_id(before) {}
+    void revert(OdDbDatabase& database) override
+    {
+        std::swap(database.m_current[m_kind], m_id);
+        database.noteChange();
+    }
+
+private:
+    std::size_t m_kind;
+    OdDbObjectId m_id;
+};
+
+void OdDbDatabase::setCurrent(OdDbTableKind kind, OdDbObjectId record)
+{
+    if (record.database() != this)
+        throw OdError(record.isNull() ? eNullObjectId : eWrongDatabase);
+    if (current(kind) == record)
+        return;
+    m_undo.add(std::make_unique<OdDbCurrentStep>(kind, current(kind)));
+    m_current[static_cast<std::size_t>(kind)] = record;
+    noteChange();
+}
+
+void OdDbDatabase::raiseHandseed(OdDbHandle seed)
+{
+    constexpr OdDbHandle kAbsurd(std::uint64_t(1) << 62);
+    if (seed < kAbsurd)
+        m_handseed = std::max(m_handseed, seed);
+}
+
+OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle, bool create)
+{
+    if (handle.isNull())
+        return {};
+    if (OdDbStub* const stub = m_handles.find(handle))
+        return create || stub->object ? OdDbObjectId(stub) : OdDbObjectId();
+    if (!create)
+        return {};
+    OdDbStub& stub = m_stubs.emplace_back();
+    stub.handle = handle;
+    stub.database = this;
+    m_handles.set(handle, &stub);
+    raiseHandseed(OdDbHandle(handle.value() + 1));
+    return OdDbObjectId(&stub);
+}
+
+/// A new object: taken back, it is erased but stays addressable, and its handle is free again.
+class OdDbCreateStep : public OdDbUndoStep
+{
+public:
+    OdDbCreateStep(OdDbStub* stub, OdDbHandle seed) : m_stub(stub), m_seed(seed) {}
+    void revert(OdDbDatabase& database) override
+    {
+        m_stub->erased = !m_stub->erased;
+        std::swap(database.m_handseed, m_seed);
+        m_stub->object->erasedStateChanged();
+        database.noteChange();
+    }
+
+private:
+    OdDbStub* m_stub;
+    OdDbHandle m_seed;
+};
+
+OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle)
+{
+    OdDbObjectPtr const keep(object);
+    if (object->isDBRO())
+        throw OdError(eAlreadyInDb);
+    OdDbHandle const seedBefore = m_handseed;
+    bool const isNew = handle.isNull();
+    if (isNew)
+        handle = m_handseed;
+    OdDbStub* stub = m_handles.find(handle);
+    if (stub && stub->object) {
+        if (!isNew)
+            throw OdError(eDuplicateKey, odFormat(L"Handle %ls is in use", handle.ascii().c_str()));
+        stub = nullptr; // the object of that handle was undone; its stub stays with it
+    }
+    if (!stub) {
+        stub = &m_stubs.emplace_back();
+        stub->handle = handle;
+        stub->database = this;
+        m_handles.set(handle, stub);
+    }
+    raiseHandseed(OdDbHandle(handle.value() + 1));
+    stub->object = object;
+    object->addRef();
+    object->setOwnedByOne(true);
+    object->m_stub = stub;
+    object->m_owner = owner;
+    object->m_openForWrite = true;
+    if (object->standsAmongFileObjects())
+        m_fileObjects.push_back(stub);
+    m_undo.add(std::make_unique<OdDbCreateStep>(stub, seedBefore));
+    object->m_imageSerial = m_undo.serial();
+    object->addedToDatabase();
+    noteChange();
+    return object->objectId();
+}

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Installs the build tree, moves the installation, builds a test module outside of the source tree against it and runs
+# that module's tests with the installed bench.
+# Usage: install_outside_module.sh BUILD_DIR SOURCE_DIR CXX_COMPILER BUILD_TYPE
+set -euo pipefail
+
+build=$1 source=$2 compiler=$3 build_type=$4
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+installed="$work/moved installation"
+project="$work/project"
+
+fail() { echo "failed: $*" >&2; exit 1; }
+
+# Runs a command with its output kept in a file that is shown when the command ends otherwise than expected.
+expect_exit() {
+    local expected=$1 log=$2 status=0
+    shift 2
+    "$@" >"$log" 2>&1 || status=$?
+    [[ $status -eq $expected ]] || { cat "$log" >&2; fail "exit code $status instead of $expected: $*"; }
+}
+
+expect_line() { grep -qF -- "$2" "$1" || { cat "$1" >&2; fail "the output lacks: $2"; }; }
+
+expect_exit 0 "$work/log" cmake --install "$build" --prefix "$work/prefix"
+mv "$work/prefix" "$installed"
+
+for file in bin/vornbench lib/libvornhost.so lib/libvorntest.so lib/libtestapi.so lib/vorn/cmdtests.so \
+    include/vorn/testapi/ta_host.h include/vorn/pugixml/pugixml.hpp share/doc/testapi/LICENSE \
+    share/doc/testapi/pugixml/LICENSE.md; do
+    [[ -f $installed/$file ]] || fail "not installed: $file"
+done
+
+# Nothing may point back to where it was built or first installed.
+if grep -rIlF -e "$build" -e "$source" -e "$work/prefix" "$installed"; then
+    fail "these installed files name a folder of the build"
+fi
+while read -r binary; do
+    for folder in $(objdump -p "$binary" | awk '$1 == "RUNPATH" || $1 == "RPATH" { gsub(":", " ", $2); print $2 }'); do
+        [[ $folder == '$ORIGIN'* ]] || fail "$binary looks for libraries in $folder"
+    done
+done < <(find "$installed/bin" "$installed/lib" -type f \( -name '*.so' -o -name vornbench \))
+
+cp -r "$here/outside_module" "$project"
+expect_exit 0 "$work/log" cmake -S "$project" -B "$project/build" -G Ninja -DCMAKE_PREFIX_PATH="$installed" \
+    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE="$build_type"
+expect_exit 0 "$work/log" cmake --build "$project/build"
+
+bench="$installed/bin/vornbench"
+expect_exit 0 "$work/list" "$bench" list "$project/config.xml"
+for test in OutsideModule::keepsLine outside/two_lines outside_wrong/wrong_count; do
+    expect_line "$work/list" "$test"
+done
+expect_exit 0 "$work/run" "$bench" run "$project/config.xml" --no-color
+expect_line "$work/run" "selected 2 of 3"
+expect_exit 1 "$work/run" "$bench" run "$project/config.xml" outside_wrong --no-color
+expect_line "$work/run" "wrong_count.xml:3"
+expect_line "$work/run" "model space holds 2 entities, expected 3"
