@@ -51,9 +51,13 @@ target_precompile_headers(vorn_pch PRIVATE
   <algorithm> <array> <charconv> <cmath> <cstdint> <deque> <functional> <map> <memory> <optional>
   <span> <sstream> <string> <string_view> <unordered_map> <utility> <variant> <vector>)
 
-# Sources of one folder (and its subfolders) as the sources of a target.
+# Sources of one folder (and its subfolders) as the sources of a target; EXCLUDE names one file to leave out.
 function(vorn_target_sources target)
+  cmake_parse_arguments(ARG "" "EXCLUDE" "" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  if(ARG_EXCLUDE)
+    list(REMOVE_ITEM sources "${CMAKE_CURRENT_SOURCE_DIR}/${ARG_EXCLUDE}")
+  endif()
   if(NOT sources)
     set(sources "${PROJECT_BINARY_DIR}/pch/empty.cpp")
   endif()

@@ -36,11 +36,18 @@ struct SuiteConfig
 ///
 ///     <testsConfig basePath="." logPath="logs">
 ///       <module name="cmdtests"/>
-///       <suite name="Drawing" module="cmdtests" run="default">
+///       <suite name="Drawing" module="cmdtests">
 ///         <mask>suites/*.xml</mask>
 ///         <param name="own" value="setting"/>
 ///       </suite>
 ///     </testsConfig>
+///
+/// basePath   folder that relative paths of masks and modules count from; environment variables are expanded, and it
+///            is itself relative to the folder of the configuration file. Without one: that folder.
+/// <module>   a plain name is a module of the installation, a text with "/" the path of a library.
+/// <suite>    run="explicit" keeps a suite out of runs that do not name it. The settings mode, reference_folder,
+///            output_folder, repeatCount, plotstyles_folder and precision are attributes, a suite's own ones <param>
+///            elements. Several elements of one name are joined: masks in order, later settings win.
 ///
 /// What it does not know is an error, so that a misspelt setting never goes unnoticed.
 class TestsConfig

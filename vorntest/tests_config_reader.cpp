@@ -6,6 +6,8 @@
 #include "vorntest/config_schema.h"
 #include "vorntest/nearest_name.h"
 
+#include <algorithm>
+
 namespace vorntest {
 
 namespace {

@@ -1,6 +1,7 @@
 #include "apps/vornbench/bench_session.h"
 #include "apps/vornbench/commands.h"
 #include "apps/vornbench/crash_notice.h"
+#include "apps/vornbench/host_guard.h"
 #include "apps/vornbench/interrupt.h"
 #include "apps/vornbench/junit_writer.h"
 #include "apps/vornbench/notices.h"
@@ -47,7 +48,8 @@ RunSummary runObserved(BenchSession& session, SelectedUnits const& selected, Opt
 {
     InterruptGuard const interruptible;
     CrashNotice const crashNotice;
-    TestRunner runner(session.catalog(), observers, [] { return std::vector<std::string>(); });
+    HostGuard host;
+    TestRunner runner(session.catalog(), observers, host);
     RunPlan const plan = planOf(session, selected, options);
     for (RunObserver* const observer : observers)
         observer->runStarted(plan);

@@ -6,6 +6,8 @@
 #include "host/ut/ut_text.h"
 #include "vorntest/nearest_name.h"
 
+#include <algorithm>
+
 namespace fs = std::filesystem;
 
 namespace {

@@ -66,12 +66,15 @@ void failureElement(std::string& xml, TestFailureRecord const& failure)
     xml.append("</").append(name).append(">\n");
 }
 
-void leftoversElement(std::string& xml, std::vector<std::string> const& leftovers)
+void linesElement(std::string& xml, std::string_view name, std::string const& prefix,
+                  std::vector<std::string> const& lines)
 {
-    xml += "      <system-err>";
-    for (std::string const& leftover : leftovers)
-        xml += xmlText("left behind: " + leftover + "\n", false);
-    xml += "</system-err>\n";
+    if (lines.empty())
+        return;
+    xml.append("      <").append(name).append(">");
+    for (std::string const& line : lines)
+        xml += xmlText(prefix + line + "\n", false);
+    xml.append("</").append(name).append(">\n");
 }
 
 void caseElement(std::string& xml, TestOutcome const& outcome)
@@ -86,8 +89,8 @@ void caseElement(std::string& xml, TestOutcome const& outcome)
     xml += ">\n";
     for (TestFailureRecord const& failure : outcome.failures)
         failureElement(xml, failure);
-    if (!outcome.leftovers.empty())
-        leftoversElement(xml, outcome.leftovers);
+    linesElement(xml, "system-out", "", outcome.commandLine);
+    linesElement(xml, "system-err", "left behind: ", outcome.leftovers);
     xml += "    </testcase>\n";
 }
 

@@ -10,7 +10,7 @@ constexpr std::wstring_view replacement = L"\uFFFD";
 
 bool isLegalInXml(wchar_t ch)
 {
-    auto const code = static_cast<unsigned long>(ch);
+    auto const code = static_cast<char32_t>(ch);
     return code == 0x9 || code == 0xA || code == 0xD || (code >= 0x20 && code <= 0xD7FF) ||
            (code >= 0xE000 && code <= 0xFFFD) || (code >= 0x10000 && code <= 0x10FFFF);
 }

@@ -69,6 +69,8 @@ void ProgressReporter::testEnded(TestOutcome const& outcome)
     m_suiteSeconds += outcome.seconds;
     for (TestFailureRecord const& failure : outcome.failures)
         writeFailure(outcome, failure);
+    for (std::string const& text : outcome.commandLine)
+        line(m_terminal.painted(Paint::Faint, indented(text, "    | ", "    | ")));
     if (!outcome.hasPassed())
         m_failedTests.push_back({outcome.entry->name, outcome.failures.front().location.text()});
     if (!outcome.leftovers.empty())

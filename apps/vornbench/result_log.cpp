@@ -61,8 +61,7 @@ std::string failureObject(TestFailureRecord const& failure)
 {
     Record record("kind", failure.isError ? "error" : "failure");
     record.location(failure.location).text("message", failure.summary);
-    record.raw("details",
-               jsonArray(failure.details, [](std::string const& detail) { return jsonString(detail); }));
+    record.raw("details", jsonArray(failure.details, jsonString));
     if (!failure.source.file.empty())
         record.text("source", failure.source.text());
     return record.object();
@@ -118,9 +117,10 @@ void ResultLog::testEnded(TestOutcome const& outcome)
         record.seconds("bodySeconds", outcome.body->wall).seconds("bodyCpuSeconds", outcome.body->cpu);
     if (!outcome.failures.empty())
         record.raw("failures", jsonArray(outcome.failures, failureObject));
+    if (!outcome.commandLine.empty())
+        record.raw("commandLine", jsonArray(outcome.commandLine, jsonString));
     if (!outcome.leftovers.empty())
-        record.raw("leftovers",
-                   jsonArray(outcome.leftovers, [](std::string const& text) { return jsonString(text); }));
+        record.raw("leftovers", jsonArray(outcome.leftovers, jsonString));
     m_buffer += record.object() + "\n"; // goes out with the next start record
 }
 

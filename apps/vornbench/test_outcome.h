@@ -44,7 +44,8 @@ struct TestOutcome
     double seconds = 0.0; ///< with set-up and tear-down
     std::optional<BodyTimes> body;
     std::vector<TestFailureRecord> failures;
-    std::vector<std::string> leftovers; ///< what the test changed in the application and left so
+    std::vector<std::string> commandLine; ///< of a failed test: the last lines of the application's command line
+    std::vector<std::string> leftovers;   ///< what the test changed in the application and left so
 
     bool hasPassed() const { return failures.empty(); }
     /// Whether an unexpected exception is among the failures.

@@ -16,8 +16,9 @@ double secondsSince(std::chrono::steady_clock::time_point start)
 
 } // namespace
 
-TestRunner::TestRunner(TestCatalog const& catalog, std::span<RunObserver* const> observers, Restore restore)
-    : m_catalog(catalog), m_observers(observers), m_restore(std::move(restore))
+TestRunner::TestRunner(TestCatalog const& catalog, std::span<RunObserver* const> observers,
+                       TestSurroundings& surroundings)
+    : m_catalog(catalog), m_observers(observers), m_surroundings(surroundings)
 {
     m_result.pushProtector(new vorntest::ExceptionProtector); // the result owns it
     m_result.addListener(this);
@@ -46,7 +47,7 @@ void TestRunner::runUnit(CatalogUnit const& unit)
     for (CatalogEntry const& entry : m_catalog.entriesOf(unit))
         m_entriesByTest.emplace(entry.test, &entry);
     unit.runnable->run(&m_result);
-    std::vector<std::string> leftovers = m_restore();
+    std::vector<std::string> leftovers = m_surroundings.restore();
     if (m_outcome)
         m_outcome->leftovers = std::move(leftovers);
     publish();
@@ -71,6 +72,7 @@ void TestRunner::startTest(CppUnit::Test* test)
     m_outcome->entry = it != m_entriesByTest.end() ? it->second : &m_catalog.entries()[m_unit->firstEntry];
     for (RunObserver* const observer : m_observers)
         observer->testStarted(*m_outcome->entry);
+    m_surroundings.testStarts();
     m_testStart = Clock::now();
 }
 
@@ -88,4 +90,5 @@ void TestRunner::endTest(CppUnit::Test* test)
     m_outcome->seconds = secondsSince(m_testStart);
     if (auto const* const measured = dynamic_cast<vorntest::PerformanceTestCase const*>(test))
         m_outcome->body = BodyTimes{measured->wallSeconds(), measured->cpuSeconds()};
+    m_surroundings.testEnds(*m_outcome);
 }

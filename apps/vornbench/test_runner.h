@@ -2,12 +2,12 @@
 
 #include "apps/vornbench/run_observer.h"
 #include "apps/vornbench/test_selection.h"
+#include "apps/vornbench/test_surroundings.h"
 
 #include <cppunit/TestListener.h>
 #include <cppunit/TestResult.h>
 
 #include <chrono>
-#include <functional>
 #include <optional>
 #include <span>
 
@@ -15,10 +15,8 @@
 class TestRunner : private CppUnit::TestListener
 {
 public:
-    /// Brings the application back after a unit and says what had been left changed.
-    using Restore = std::function<std::vector<std::string>()>;
-
-    TestRunner(TestCatalog const& catalog, std::span<RunObserver* const> observers, Restore restore);
+    TestRunner(TestCatalog const& catalog, std::span<RunObserver* const> observers,
+               TestSurroundings& surroundings);
 
     /// Where plug-ins add listeners of their own.
     CppUnit::TestResult& result() { return m_result; }
@@ -36,7 +34,7 @@ private:
 
     TestCatalog const& m_catalog;
     std::span<RunObserver* const> m_observers;
-    Restore m_restore;
+    TestSurroundings& m_surroundings;
     CppUnit::TestResult m_result;
     std::unordered_map<CppUnit::Test const*, CatalogEntry const*> m_entriesByTest;
     CatalogUnit const* m_unit = nullptr;

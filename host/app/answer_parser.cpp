@@ -38,6 +38,12 @@ Answer valueAnswer()
     return answer;
 }
 
+void setPoint(Answer& answer, OdGePoint3d const& point)
+{
+    answer.point = point;
+    answer.hasPoint = true;
+}
+
 class Parser
 {
 public:
@@ -136,7 +142,7 @@ private:
         if (!given)
             return refused();
         Answer answer = valueAnswer();
-        answer.point = *given;
+        setPoint(answer, *given);
         return {answer, {}};
     }
 
@@ -148,7 +154,7 @@ private:
             value = m_prompt.basePoint()->distanceTo(*given);
         ParsedAnswer result = withinLimits(value);
         if (result.answer && given)
-            result.answer->point = *given;
+            setPoint(*result.answer, *given);
         return result;
     }
 
@@ -199,7 +205,7 @@ private:
         else if (auto const* entity = std::get_if<OdDbObjectId>(&m_input.value))
             answer.entity = *entity;
         else if (std::optional<OdGePoint3d> const given = point())
-            answer.point = *given;
+            setPoint(answer, *given);
         else
             return refused();
         return {answer, {}};

@@ -19,7 +19,7 @@ class DocumentListener
 public:
     virtual ~DocumentListener() = default;
     /// The document is still open, and current if it was. An exception keeps it open.
-    virtual void documentClosing(CaDoc&) {}
+    virtual void documentClosing(CaDoc const*) {}
     /// Another document is current now, or none.
     virtual void currentDocumentChanged() {}
 };
@@ -38,7 +38,7 @@ public:
     int getDocumentsCount() const { return static_cast<int>(m_documents.size()); }
     /// Null for an index out of range.
     CaDoc* getDocument(int index) const;
-    bool hasDocument(oa::ApDoc const* document) const;
+    bool hasDocument(oa::ApDoc const* document) const { return findByPointer(document) != nullptr; }
     /// Null when none is open.
     CaDoc* currentDocument() const { return m_current; }
     /// The document whose file this is: the same existing file, links followed, else the same full path, case and
@@ -47,16 +47,20 @@ public:
 
     /// Opens a drawing as document. Without a path: a new drawing from the built-in template. A relative path is
     /// also looked for in the folders of SRCHPATH. With `asNew` the document is an unnamed copy of the file.
-    /// A file that is open already is made current (if asked to) and counts as success. On failure everything stays
-    /// as it was.
+    /// A file that is open already is made current (if asked to) and counts as success. On failure everything
+    /// stays as it was.
     bool openFile(wchar_t const* path = nullptr, bool readOnly = false, int asNew = 0, bool makeCurrent = true);
     /// Reads a drawing without making it a document; null on failure.
     OdDbDatabasePtr readFile(OdString const& path);
 
     /// False for a document that is not open.
     bool activate(oa::ApDoc const* document);
-    /// Closes without saving and without asking; the most recently current of the others becomes current. False for
-    /// a document that is not open. The document does not exist afterwards.
+    /// Activates the document once no command runs any more, at once if none does. The last request counts.
+    bool activateAfterCommand(oa::ApDoc const* document);
+    /// The command processor says so when its last command has ended.
+    void commandsEnded();
+    /// Closes without saving and without asking; the most recently current of the others becomes current. False
+    /// for a document that is not open. The document does not exist afterwards.
     bool closeDocument(oa::ApDoc const* document);
     /// @}
 
@@ -72,11 +76,20 @@ public:
     /// The full path of an existing file, relative names also looked for in the folders of SRCHPATH. What is not
     /// found gives the full path under the current folder.
     OdString findFile(OdString const& name) const;
-    /// Number for the title of the next unnamed drawing.
-    int takeDrawingNumber() { return ++m_drawingNumber; }
+    /// Absolute, with "~" replaced and "." and ".." resolved; links are not. As it is when the current folder is
+    /// needed and cannot be found out.
+    static OdString fullPath(OdString const& path);
+
+    /// @name For documents
+    /// @{
+    int takeDrawingNumber() { return ++m_drawingNumber; } ///< for the title of an unnamed drawing
+    std::uint64_t takeDocumentSerial() { return ++m_documentSerial; }
+    /// @}
 
 private:
-    CaDoc& addDocument(OdDbDatabasePtr database, OdString const& fileName, bool readOnly, bool makeCurrent);
+    template <class Notification>
+    void notify(Notification notification);
+    void addDocument(OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly, bool makeCurrent);
     CaDoc* findByPointer(oa::ApDoc const* document) const;
     bool openPath(OdString const& path, bool readOnly, bool asNew, bool makeCurrent);
     void makeCurrentDocument(CaDoc* document);
@@ -87,8 +100,10 @@ private:
     std::vector<std::unique_ptr<CaDoc>> m_documents;
     std::vector<CaDoc*> m_recent; // all documents, the most recently current one last
     CaDoc* m_current = nullptr;
+    CaDoc* m_activatedNext = nullptr; // once no command runs
     std::vector<DocumentListener*> m_listeners;
     int m_drawingNumber = 0;
+    std::uint64_t m_documentSerial = 0;
     std::unique_ptr<CommandProcessor> m_commandProcessor; // last: goes first, it listens to the documents
 };
 

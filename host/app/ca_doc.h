@@ -29,9 +29,9 @@ public:
     /// A drawing opened for reading; it can be saved under another name only.
     bool isReadOnly() const { return m_isReadOnly; }
 
-    /// Writes the drawing, whole or not at all; the path becomes the document's name and nothing counts as modified.
-    /// An empty path writes nothing and makes the document unnamed. Format codes: dxf/dxf_file.h; the extension
-    /// means nothing. On failure the reason is on the command line and everything stays as it was.
+    /// Writes the drawing, whole or not at all; the path becomes the document's name and nothing counts as
+    /// modified. An empty path writes nothing and makes the document unnamed. Format codes: dxf/dxf_file.h; the
+    /// extension means nothing. On failure the reason is on the command line and everything stays as it was.
     ///
     /// Time stamps in the drawing stay as they are, so that saving a drawing twice gives equal files.
     bool saveAs(OdString const& path, int formatCode);
@@ -58,7 +58,7 @@ public:
     /// The last point entered, in world coordinates.
     OdGePoint3d const& lastPoint() const { return m_lastPoint; }
     void setLastPoint(OdGePoint3d const& point) { m_lastPoint = point; }
-    /// Direction in which the last line or arc ended, radians.
+    /// Direction in which the last line or arc ended: radians in the plane of the user coordinate system.
     double lastAngle() const { return m_lastAngle; }
     void setLastAngle(double angle) { m_lastAngle = angle; }
     /// Null before the first selection.
@@ -71,6 +71,7 @@ public:
 
 private:
     void setFileName(OdString const& fileName);
+    void write(OdString const& fullPath, int formatCode);
 
     CaApp& m_application;
     std::uint64_t m_serial;

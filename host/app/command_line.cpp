@@ -1,5 +1,7 @@
 #include "host/app/command_line.h"
 
+#include <utility>
+
 namespace ca {
 
 void CommandLine::prompt(OdString const& text)

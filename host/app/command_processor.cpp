@@ -4,7 +4,7 @@
 #include "host/app/ca_app.h"
 #include "host/app/ca_doc.h"
 #include "host/app/command_line.h"
-#include "host/app/sys_vars.h"
+#include "host/app/sys_var.h"
 #include "host/db/oa_space.h"
 #include "host/db/od_db_database.h"
 
@@ -180,6 +180,8 @@ void CommandProcessor::finishTop()
     m_frames.pop_back();
     frame->task = Task<>();
     endUndoRecord(*frame);
+    if (m_frames.empty())
+        app()->commandsEnded();
 }
 
 void CommandProcessor::endUndoRecord(Frame& frame)

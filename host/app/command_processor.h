@@ -35,6 +35,7 @@ public:
     bool isIdle() const { return m_frames.empty(); }
     /// Names of the running commands, the outermost first, joined by "'".
     OdString activeNames() const;
+
     /// Cancels the suspended commands of a document that goes.
     void documentClosing(CaDoc const* document);
 

@@ -30,11 +30,11 @@ std::optional<Input> inputFrom(sds_resbuf const& node)
     case RTPOINT: return Input{OdGePoint3d(value.rpoint[0], value.rpoint[1], 0)};
     case RT3DPOINT: return Input{OdGePoint3d(value.rpoint[0], value.rpoint[1], value.rpoint[2])};
     case RTPICKS: {
-        OdDbSelectionSetPtr const set = sdsSelectionSet(value.rlname);
+        OdDbSelectionSetPtr const set = selectionSetOf(value.rlname);
         return set.isNull() ? std::nullopt : std::optional(Input{set});
     }
     case RTENAME: {
-        OdDbObjectId const id = sdsObjectId(value.rlname);
+        OdDbObjectId const id = objectIdOf(value.rlname);
         return id.isNull() ? std::nullopt : std::optional(Input{id});
     }
     default: return std::nullopt;

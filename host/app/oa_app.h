@@ -8,7 +8,10 @@ namespace oa {
 class ApDoc
 {
 public:
-    enum EFlags : unsigned { kRecordsUndo = 1 };
+    enum EFlags : unsigned
+    {
+        kRecordsUndo = 1
+    };
 
     explicit ApDoc(OdDbDatabasePtr database);
     virtual ~ApDoc() = default;

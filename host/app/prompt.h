@@ -51,20 +51,36 @@ private:
 };
 
 /// What a prompt can ask for.
-enum class EAnswerKind { kPoint, kDistance, kAngle, kReal, kInteger, kKeyword, kText, kSelection };
+enum class EAnswerKind
+{
+    kPoint,
+    kDistance,
+    kAngle,
+    kReal,
+    kInteger,
+    kKeyword,
+    kText,
+    kSelection
+};
 
 /// The answer to a prompt: a value, one of the keywords, or nothing (Enter).
 struct Answer
 {
-    enum class EStatus { kValue, kKeyword, kNone };
+    enum class EStatus
+    {
+        kValue,
+        kKeyword,
+        kNone
+    };
 
     EStatus status = EStatus::kNone;
-    OdGePoint3d point;              ///< in world coordinates
-    double real = 0;                ///< distance, angle in radians, number
+    OdGePoint3d point;     ///< in world coordinates
+    bool hasPoint = false; ///< a point answered, also where a distance was asked for
+    double real = 0;       ///< distance, angle in radians, number
     std::int64_t integer = 0;
-    OdString text;                  ///< the text, or the keyword as the prompt spells it
-    OdDbSelectionSetPtr selection;  ///< a named selection set
-    OdDbObjectId entity;            ///< an entity given by name
+    OdString text;                 ///< the text, or the keyword as the prompt spells it
+    OdDbSelectionSetPtr selection; ///< a named selection set
+    OdDbObjectId entity;           ///< an entity given by name
 
     bool isValue() const { return status == EStatus::kValue; }
     bool isNone() const { return status == EStatus::kNone; }

@@ -2,6 +2,8 @@
 
 #include "host/app/ca_doc.h"
 #include "host/app/selection_finder.h"
+#include "host/db/oa_space.h"
+#include "host/db/od_db_database.h"
 
 #include <algorithm>
 
@@ -9,8 +11,7 @@ namespace ca {
 
 namespace {
 
-constexpr wchar_t const* kOptions =
-    L"Window Crossing BOX Last ALL Previous Add Remove Undo SIngle AUto Multiple";
+constexpr wchar_t const* kOptions = L"Window Crossing BOX Last ALL Previous Add Remove Undo SIngle AUto Multiple";
 
 /// The selection that grows and shrinks while the question is asked.
 class Gathering
@@ -26,9 +27,15 @@ public:
     void take(std::vector<OdDbObjectId> const& ids)
     {
         std::vector<OdDbObjectId> changed;
-        for (OdDbObjectId const id : ids)
-            if (m_isRemoving ? m_set->remove(id) : m_set->append(id))
-                changed.push_back(id);
+        for (OdDbObjectId const id : ids) {
+            if (m_set->member(id) != m_isRemoving)
+                continue;
+            if (m_isRemoving)
+                m_set->remove(id);
+            else
+                m_set->append(id);
+            changed.push_back(id);
+        }
         report(ids.size(), changed.size());
         m_steps.push_back({m_isRemoving, std::move(changed)});
     }
@@ -109,6 +116,28 @@ std::vector<OdDbObjectId> present(std::vector<OdDbObjectId> ids)
     return ids;
 }
 
+/// "1 was on a locked layer.", "2 were on a locked layer."
+void reportLeft(Editor& editor, std::size_t count, wchar_t const* where)
+{
+    if (count > 0)
+        editor.message(
+            odFormat(count == 1 ? L"%lld was %ls." : L"%lld were %ls.", static_cast<long long>(count), where));
+}
+
+/// Takes what was given by name. Commands work in the active space: erased entities, other objects, and entities
+/// of blocks, other spaces and other drawings are left out.
+void takeNamed(Editor& editor, Gathering& gathering, std::vector<OdDbObjectId> ids)
+{
+    OdDbObjectId const space = oa::getActiveSpace(&editor.db());
+    ids = present(std::move(ids));
+    auto const elsewhere = std::erase_if(ids, [space](OdDbObjectId id) {
+        auto const* entity = odCast<OdDbEntity>(id.stub()->object);
+        return !entity || entity->ownerId() != space;
+    });
+    gathering.take(ids);
+    reportLeft(editor, elsewhere, L"not in the current space");
+}
+
 void takeOne(Gathering& gathering, OdDbObjectId id)
 {
     gathering.take(id.isNull() ? std::vector<OdDbObjectId>() : std::vector<OdDbObjectId>{id});
@@ -131,7 +160,7 @@ Task<> takeOption(Editor& editor, Gathering& gathering, OdString option)
         if (previous.isNull())
             editor.message(L"No previous selection set.");
         else
-            gathering.take(present(previous->objectIds()));
+            takeNamed(editor, gathering, previous->objectIds());
     } else if (option == L"Add" || option == L"Remove") {
         gathering.setRemoving(option == L"Remove");
     } else if (option == L"Undo") {
@@ -144,16 +173,16 @@ Task<> takeAnswer(Editor& editor, Gathering& gathering, Answer answer)
     if (answer.isKeyword())
         co_await takeOption(editor, gathering, answer.text);
     else if (!answer.selection.isNull())
-        gathering.take(present(answer.selection->objectIds()));
+        takeNamed(editor, gathering, answer.selection->objectIds());
     else if (!answer.entity.isNull())
-        takeOne(gathering, answer.entity);
+        takeNamed(editor, gathering, std::vector<OdDbObjectId>(1, answer.entity));
     else
         co_await takePoint(editor, gathering, answer.point);
 }
 
 } // namespace
 
-Task<std::vector<OdDbObjectId>> selectObjects(Editor& editor, OdString question)
+Task<std::vector<OdDbObjectId>> selectObjects(Editor& editor, OdString question, ELockedLayers lockedLayers)
 {
     Gathering gathering(editor);
     bool isSingle = false;
@@ -170,9 +199,8 @@ Task<std::vector<OdDbObjectId>> selectObjects(Editor& editor, OdString question)
     std::vector<OdDbObjectId> ids = present(gathering.set().objectIds());
     if (!ids.empty())
         editor.doc().setPreviousSelection(OdDbSelectionSetPtr(&gathering.set()));
-    if (auto const locked = std::erase_if(ids, isOnLockedLayer); locked > 0)
-        editor.message(odFormat(locked == 1 ? L"%lld was on a locked layer." : L"%lld were on a locked layer.",
-                                static_cast<long long>(locked)));
+    if (lockedLayers == ELockedLayers::kLeftOut)
+        reportLeft(editor, std::erase_if(ids, isOnLockedLayer), L"on a locked layer");
     co_return ids;
 }
 

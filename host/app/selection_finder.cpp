@@ -1,6 +1,7 @@
 #include "host/app/selection_finder.h"
 
 #include "host/app/ca_doc.h"
+#include "host/app/sys_var.h"
 #include "host/db/oa_space.h"
 #include "host/db/od_db_database.h"
 #include "host/db/records/od_db_block_table_record.h"
@@ -44,7 +45,7 @@ public:
             flatCorners.push_back(flat(corner));
             isInside = isInside && odgeRectangleTest::inside(m_rectangle, flatCorners.back());
         }
-        note(isInside, odgeRectangleTest::crossesPolygon(m_rectangle, flatCorners));
+        note(isInside, odgeRectangleTest::crosses(m_rectangle, flatCorners));
     }
     bool isSatisfied() const override { return m_needsAll ? !m_allInside : m_someCrosses; }
 
@@ -88,21 +89,20 @@ OdDbEntity const& entityOf(OdDbStub const* stub)
     return *static_cast<OdDbEntity const*>(stub->object);
 }
 
-/// Side of the pick box in pixels, and the height of the drawing area that a view without a window is thought to have.
-constexpr double kPickBoxPixels = 3.0;
-constexpr double kViewPixels = 686.0;
-
-double viewHeight(OdDbDatabase const& database)
+/// Half the side of the pick box, in drawing units. A view without a window is thought to be this many pixels high.
+double pickRadius(CaDoc const& document)
 {
-    double const height = database.header().real("VIEWSIZE", 0.0);
-    return height > 0 ? height : 10.0;
+    constexpr double kViewPixels = 686.0;
+    double const height = std::get<double>(SysVar::find(L"VIEWSIZE")->value(&document));
+    int const pixels = std::get<int>(SysVar::find(L"PICKBOX")->value(&document));
+    return pixels * height / kViewPixels;
 }
 
 } // namespace
 
 SelectionFinder::SelectionFinder(CaDoc const& document)
     : m_database(*document.database()), m_worldToUcs(oa::ucsToWorld(&m_database).inverse()),
-      m_pickRadius(kPickBoxPixels * viewHeight(m_database) / kViewPixels)
+      m_pickRadius(pickRadius(document))
 {
 }
 

@@ -8,13 +8,21 @@
 /// What a drawing keeps of its file apart from objects and header variables, to be written back in place.
 struct OdDbFileContent
 {
-    /// A section in the order of the file. Known sections are written from the drawing; the tags of unknown ones,
-    /// and of the list of classes, are kept here.
+    /// A section in the order of the file.
     struct Section
     {
         std::string name;
-        OdDbTagList tags;
+        OdDbTagList commentsBefore;
+        OdDbTagList commentsInside; ///< between the name of the section and its first record
+        OdDbTagList tags;           ///< of a section that the host does not know, and of the list of classes
     };
-    OdDbTagList leadingComments; ///< before the first section
+    /// A symbol table in the order of the file.
+    struct Table
+    {
+        std::string name;
+        OdDbTagList tags; ///< records that the host does not know; of an unknown table everything behind its name
+    };
     std::vector<Section> sections;
+    std::vector<Table> tables;
+    OdDbTagList closingComments; ///< behind the last section
 };

@@ -1,14 +1,16 @@
 #include "host/db/od_db_header.h"
 
+OdDbHeader::Data& OdDbHeader::edit()
+{
+    if (m_data.use_count() > 1)
+        m_data = std::make_shared<Data>(*m_data);
+    return *m_data;
+}
+
 OdDbHeader::Variable const* OdDbHeader::find(std::string_view name) const
 {
-    if (m_index.size() != m_variables.size()) {
-        m_index.clear();
-        for (std::size_t i = 0; i < m_variables.size(); ++i)
-            m_index[m_variables[i].name] = i;
-    }
-    auto const it = m_index.find(std::string(name));
-    return it == m_index.end() ? nullptr : &m_variables[it->second];
+    auto const it = m_data->index.find(name);
+    return it == m_data->index.end() ? nullptr : &m_data->variables[it->second];
 }
 
 double OdDbHeader::real(std::string_view name, double fallback) const
@@ -47,16 +49,19 @@ OdGePoint3d OdDbHeader::point(std::string_view name) const
 
 OdDbTagList OdDbHeader::set(std::string_view name, OdDbTagList tags)
 {
-    if (auto* const variable = const_cast<Variable*>(find(name))) {
-        std::swap(variable->tags, tags);
-        return tags;
-    }
-    m_variables.push_back({std::string(name), std::move(tags)});
-    return {};
+    Data& data = edit();
+    auto const [it, isNew] = data.index.try_emplace(std::string(name), data.variables.size());
+    if (isNew)
+        data.variables.push_back({std::string(name), {}});
+    std::swap(data.variables[it->second].tags, tags);
+    return tags;
 }
 
 void OdDbHeader::remove(std::string_view name)
 {
-    std::erase_if(m_variables, [name](Variable const& variable) { return variable.name == name; });
-    m_index.clear();
+    Data& data = edit();
+    std::erase_if(data.variables, [name](Variable const& variable) { return variable.name == name; });
+    data.index.clear();
+    for (std::size_t i = 0; i < data.variables.size(); ++i)
+        data.index.emplace(data.variables[i].name, i);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "host/db/filer/od_db_tag_list.h"
-#include "host/db/od_db_copied_ptr.h"
 #include "host/geom/od_ge_3d.h"
 
+#include <memory>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -20,7 +20,7 @@ public:
         OdDbTagList tags; ///< one tag, or the coordinates of a point
     };
 
-    std::span<Variable const> variables() const { return m_variables; }
+    std::span<Variable const> variables() const { return m_data->variables; }
     /// Null when the drawing does not have it.
     Variable const* find(std::string_view name) const;
 
@@ -34,6 +34,17 @@ public:
     void remove(std::string_view name);
 
 private:
-    std::vector<Variable> m_variables;
-    mutable OdDbNotCopied<std::unordered_map<std::string, std::size_t>> m_index; ///< made when first asked for
+    struct Hash : std::hash<std::string_view>
+    {
+        using is_transparent = void;
+    };
+    struct Data
+    {
+        std::vector<Variable> variables;
+        std::unordered_map<std::string, std::size_t, Hash, std::equal_to<>> index; ///< numbers by name
+    };
+    Data& edit();
+
+    /// Shared by copies until one of them changes: all new drawings begin with the same variables.
+    std::shared_ptr<Data> m_data = std::make_shared<Data>();
 };

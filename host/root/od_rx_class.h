@@ -13,7 +13,7 @@ public:
     using DescFunction = OdRxClass* (*)();
     using FactoryFunction = OdRxObject* (*)();
 
-    OdRxClass(wchar_t const* name, DescFunction parent, FactoryFunction create);
+    OdRxClass(wchar_t const* name, DescFunction parent, FactoryFunction factory);
 
     OdString const& name() const { return m_name; }
     /// Null for the root of the tree.

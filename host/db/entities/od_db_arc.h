@@ -2,8 +2,8 @@
 
 #include "host/db/entities/od_db_circular_entity.h"
 
-/// Arc of a circle, run through counterclockwise when seen against the normal. Angles are radians from the X axis of
-/// the plane and kept as they are given, also beyond a full turn; equal angles mean a full turn.
+/// Arc of a circle, run through counterclockwise when seen against the normal. Angles are radians from the X axis
+/// of the plane and kept as they are given, also beyond a full turn; equal angles mean a full turn.
 class OdDbArc : public OdDbCircularEntity
 {
     OD_DB_DECLARE_CLASS(OdDbArc)

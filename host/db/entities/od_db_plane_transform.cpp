@@ -30,7 +30,8 @@ std::optional<OdDbPlaneTransform> OdDbPlaneTransform::make(OdGeMatrix3d const& t
     OdGeVector3d const area = image.column(0).crossProduct(image.column(1));
     constexpr double kFlat = 1e-12;
     // Written so that values that are no numbers count as collapsed.
-    if (!(area.length() > kFlat * image.column(0).length() * image.column(1).length()) || !std::isfinite(area.length()))
+    if (!(area.length() > kFlat * image.column(0).length() * image.column(1).length()) ||
+        !std::isfinite(area.length()))
         return std::nullopt;
     result.m_mirrors = area.dotProduct(image.column(2)) < 0;
     result.m_normal = odDbCleanDirection(result.m_mirrors ? -area : area, normal);

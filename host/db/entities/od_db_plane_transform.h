@@ -5,9 +5,9 @@
 
 #include <optional>
 
-/// What an affine transformation does to an entity that lies in the plane of a normal: where the plane goes, and how
-/// coordinates within the old plane become coordinates within the new one. A pure translation changes coordinates only
-/// and leaves everything else to the last bit.
+/// What an affine transformation does to an entity that lies in the plane of a normal: where the plane goes, and
+/// how coordinates within the old plane become coordinates within the new one. A pure translation changes
+/// coordinates only and leaves everything else to the last bit.
 class OdDbPlaneTransform
 {
 public:
@@ -27,7 +27,10 @@ public:
     double extrusionScale() const { return m_extrusionScale; }
 
     OdGePoint3d operator*(OdGePoint3d const& point) const { return m_matrix * point; }
-    OdGeVector2d operator*(OdGeVector2d const& v) const { return (m_matrix * OdGeVector3d(v.x, v.y, 0)).convert2d(); }
+    OdGeVector2d operator*(OdGeVector2d const& v) const
+    {
+        return (m_matrix * OdGeVector3d(v.x, v.y, 0)).convert2d();
+    }
     /// The image of a direction given by its angle, in [0, 2 pi) unless it stays as it is; meaningful where
     /// keepsShape() holds.
     OdDbAngle operator*(OdDbAngle angle) const;

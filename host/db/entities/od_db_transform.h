@@ -10,8 +10,8 @@ OdGeVector3d odDbUnitNormal(OdGeVector3d const& normal);
 
 /// A factor that differs from 1 by rounding only becomes 1: lengths keep their bits when something is turned.
 double odDbCleanFactor(double factor);
-/// The unit vector of a direction that is not zero, freed from rounding: `before` when it agrees with that, and whole
-/// zeros and ones.
+/// The unit vector of a direction that is not zero, freed from rounding: `before` when it agrees with that, and
+/// whole zeros and ones.
 OdGeVector3d odDbCleanDirection(OdGeVector3d const& direction, OdGeVector3d const& before);
 
 /// Carries an extrusion along: the direction is transformed and made a unit vector again, the thickness grows with

@@ -121,7 +121,8 @@ class OdDbReferenceResolver;
 
 /// Fields below one subclass marker. What a list of fields cannot say (vertices, dash elements, entries) is read and
 /// written by the tail functions: readTail takes a tag, or says that it is not its own; writeTail writes after the
-/// fields; readReference takes tags that hold the handle of another object. Two sections may carry the same marker; a tag below it is looked for in both.
+/// fields; readReference takes tags that hold the handle of another object. Two sections may carry the same marker; a
+/// tag below it is looked for in both.
 struct OdDbSection
 {
     std::string_view marker;
@@ -129,4 +130,8 @@ struct OdDbSection
     bool (*readTail)(OdDbObject& object, OdDbTag const& tag) = nullptr;
     void (*writeTail)(OdDbObject const& object, OdDbTagSink& sink) = nullptr;
     bool (*readReference)(OdDbObject& object, OdDbTag const& tag, OdDbReferenceResolver& resolver) = nullptr;
+    /// Goes on below the marker of the section before it, which is not repeated: fields that stand behind a tail.
+    bool continues = false;
+    /// For sections that stand in for one another; null: always.
+    bool (*isWritten)(OdDbObject const& object) = nullptr;
 };

@@ -187,7 +187,9 @@ void OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sin
     for (int const sectionNumber : m_groups[static_cast<std::size_t>(group)].sections) {
         auto const index = static_cast<std::size_t>(sectionNumber);
         OdDbSection const& section = m_sections[index];
-        if (!section.marker.empty())
+        if (section.isWritten && !section.isWritten(object))
+            continue;
+        if (!section.marker.empty() && !section.continues)
             sink.text(100, section.marker);
         int number = m_firstField[index];
         for (OdDbField const& field : section.fields) {
@@ -200,6 +202,19 @@ void OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sin
         if (section.writeTail)
             section.writeTail(object, sink);
     }
+}
+
+bool OdDbFieldTable::wasRead(OdDbObject const& object, int group) const
+{
+    for (int const sectionNumber : m_groups[static_cast<std::size_t>(group)].sections) {
+        auto const index = static_cast<std::size_t>(sectionNumber);
+        int const first = m_firstField[index];
+        int const end = first + static_cast<int>(m_sections[index].fields.size());
+        for (int field = first; field < end; ++field)
+            if (object.isPresent(field))
+                return true;
+    }
+    return false;
 }
 
 OdDbObject& OdDbFieldTable::prototype(OdDbObject const& object) const

@@ -30,6 +30,8 @@ public:
     bool read(OdDbObject& object, int group, OdDbTag const& tag, OdDbReferenceResolver& resolver) const;
     /// Writes the marker, the fields and the tails of one group.
     void write(OdDbObject const& object, int group, OdDbTagSink& sink) const;
+    /// The file that the object came from had fields of this group.
+    bool wasRead(OdDbObject const& object, int group) const;
 
 private:
     static constexpr int kLastCode = 511;

@@ -11,7 +11,8 @@ class OdDbDictionaryStep : public OdDbUndoStep
 {
 public:
     /// `other` is what stood there before, if anything; `isThere` says whether an entry stands there now.
-    OdDbDictionaryStep(OdDbStub* dictionary, std::size_t number, std::optional<OdDbDictionary::Entry> other, bool isThere)
+    OdDbDictionaryStep(OdDbStub* dictionary, std::size_t number, std::optional<OdDbDictionary::Entry> other,
+                       bool isThere)
         : m_dictionary(dictionary), m_number(number), m_other(std::move(other)), m_isThere(isThere)
     {
     }
@@ -135,7 +136,8 @@ OdDbObjectId OdDbDictionary::setAt(OdString const& name, OdDbObject* object)
     OdDbObjectId const older = getAt(name);
     OdDbObjectId const id = database()->addOdDbObject(object, objectId());
     put(name, id);
-    if (OdDbObjectPtr const replaced = older.openObject(OdDb::kForWrite); replaced && replaced->ownerId() == objectId())
+    if (OdDbObjectPtr const replaced = older.openObject(OdDb::kForWrite);
+        replaced && replaced->ownerId() == objectId())
         replaced->erase();
     return id;
 }
@@ -174,7 +176,8 @@ void OdDbDictionary::remove(OdString const& name)
         return;
     checkChange(name);
     auto const at = m_entries.begin() + static_cast<std::ptrdiff_t>(number);
-    database()->undoLog().add(std::make_unique<OdDbDictionaryStep>(objectId().stub(), number, std::move(*at), false));
+    database()->undoLog().add(
+        std::make_unique<OdDbDictionaryStep>(objectId().stub(), number, std::move(*at), false));
     m_entries.erase(at);
     m_index.isStale = true;
     database()->noteChange();

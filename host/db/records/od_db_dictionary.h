@@ -19,9 +19,9 @@ public:
     bool has(OdString const& name) const { return !getAt(name).isNull(); }
     /// Null when there is no such name or its object is erased.
     OdDbObjectId getAt(OdString const& name) const;
-    /// Gives a new object to the drawing under this name; it is owned by the dictionary. An older object of the name
-    /// is erased if the dictionary owned it. Returns the new object's id. Throws OdError: eInvalidName for an empty
-    /// name, eAlreadyInDb, eNotInDatabase for a dictionary without drawing, eNotOpenForWrite.
+    /// Gives a new object to the drawing under this name; it is owned by the dictionary. An older object of the
+    /// name is erased if the dictionary owned it. Returns the new object's id. Throws OdError: eInvalidName for an
+    /// empty name, eAlreadyInDb, eNotInDatabase for a dictionary without drawing, eNotOpenForWrite.
     OdDbObjectId setAt(OdString const& name, OdDbObject* object);
     /// Points the name to an object of the drawing. Throws OdError: as above, eNullObjectId, eWrongDatabase.
     void setAt(OdString const& name, OdDbObjectId id);

@@ -36,7 +36,8 @@ std::span<OdDbTableKindInfo const> odDbTableKinds()
 
 OdDbTableKindInfo const& odDbTableKind(OdDbTableKind kind)
 {
-    return *std::find_if(std::begin(kKinds), std::end(kKinds), [kind](auto const& each) { return each.kind == kind; });
+    return *std::find_if(std::begin(kKinds), std::end(kKinds),
+                         [kind](auto const& each) { return each.kind == kind; });
 }
 
 OdDbTableKindInfo const* odDbFindTableKind(std::string_view fileName)

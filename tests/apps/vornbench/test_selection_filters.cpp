@@ -157,7 +157,8 @@ class TestSelectionFilters : public CppUnit::TestFixture
         TestSelection selection({"Outer/Inner/y", "Outer/z"});
         Counter counter;
         RunObserver* const observers[] = {&counter};
-        TestRunner runner(catalog, observers, [] { return std::vector<std::string>(); });
+        TestSurroundings surroundings;
+        TestRunner runner(catalog, observers, surroundings);
         RunSummary const summary = runner.run(selectUnits(catalog, selection));
         CPPUNIT_ASSERT_EQUAL(
             std::string("Outer/Inner/x Outer/Inner/y Outer/Inner/x Outer/Inner/y Outer/z Outer/z "),

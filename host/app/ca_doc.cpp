@@ -1,0 +1,91 @@
+#include "host/app/ca_doc.h"
+
+#include "host/app/ca_app.h"
+#include "host/app/command_line.h"
+#include "host/app/sys_var_store.h"
+#include "host/db/od_db_selection_set.h"
+#include "host/dxf/dxf_file.h"
+#include "host/ut/ut_file_name.h"
+
+namespace ca {
+
+CaDoc::CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString fileName, bool readOnly)
+    : ApDoc(std::move(drawing)),
+      m_application(application),
+      m_serial(application.takeDocumentSerial()),
+      m_isReadOnly(readOnly),
+      m_savedCount(database()->changeCount()),
+      m_variables(std::make_unique<SysVarStore>())
+{
+    setFileName(fileName);
+}
+
+CaDoc::~CaDoc() = default;
+
+void CaDoc::setFileName(OdString const& fileName)
+{
+    m_fileName = fileName;
+    if (fileName.isEmpty() && m_number == 0)
+        m_number = m_application.takeDrawingNumber();
+}
+
+OdString CaDoc::title() const
+{
+    return m_fileName.isEmpty() ? odFormat(L"Drawing%d", m_number) : ut::FileName(m_fileName).getFullName();
+}
+
+bool CaDoc::saveAs(OdString const& path, int formatCode)
+{
+    try {
+        OdString const fullPath = path.isEmpty() ? path : CaApp::fullPath(path);
+        if (!fullPath.isEmpty())
+            write(fullPath, formatCode);
+        setFileName(fullPath);
+        m_isReadOnly = false;
+        return true;
+    } catch (std::exception const& error) {
+        m_application.commandLine().message(OdString::fromUtf8(error.what()));
+        return false;
+    }
+}
+
+void CaDoc::write(OdString const& fullPath, int formatCode)
+{
+    CaDoc const* const sameFile = m_application.findDocument(fullPath);
+    if (sameFile == this && m_isReadOnly)
+        throw OdError(eFileAccess,
+                      odFormat(L"cannot write %ls: the drawing was opened read-only", fullPath.c_str()));
+    if (sameFile && sameFile != this)
+        throw OdError(eFileAccess,
+                      odFormat(L"cannot write %ls: it is open as another document", fullPath.c_str()));
+    dxf::writeFile(*database(), fullPath, dxf::formatOfCode(formatCode));
+    m_savedCount = database()->changeCount();
+}
+
+void CaDoc::setDbModified(int modifications)
+{
+    m_savedCount = database()->changeCount() - static_cast<std::uint64_t>(std::max(modifications, 0));
+}
+
+void CaDoc::setModified(bool modified)
+{
+    if (modified != isModified())
+        setDbModified(modified ? 1 : 0);
+}
+
+void CaDoc::close()
+{
+    m_application.closeDocument(this);
+}
+
+OdSmartPtr<OdDbSelectionSet> CaDoc::previousSelection() const
+{
+    return m_previousSelection;
+}
+
+void CaDoc::setPreviousSelection(OdSmartPtr<OdDbSelectionSet> selection)
+{
+    m_previousSelection = std::move(selection);
+}
+
+} // namespace ca

@@ -1,0 +1,45 @@
+#include "host/db/entities/od_db_attribute_definition.h"
+
+#include <limits>
+
+OD_DB_DEFINE_CLASS(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF")
+
+OdDbFieldTable const& OdDbAttributeDefinition::fields()
+{
+    // clang-format off
+    static constexpr OdDbField s_fields[] = {
+        odField<&OdDbAttributeDefinition::m_prompt>      (3, OdDbWriteRule::kAlways),
+        odField<&OdDbAttributeDefinition::m_tag>         (2, OdDbWriteRule::kAlways),
+        odField<&OdDbAttributeDefinition::m_flags>       (70, OdDbWriteRule::kAlways),
+        odField<&OdDbAttributeDefinition::m_fieldLength> (73),
+        odField<&OdDbAttributeDefinition::m_verticalMode>(74),
+    };
+    // clang-format on
+    constexpr std::string_view kMarker = "AcDbAttributeDefinition";
+    static OdDbFieldTable const s_table({
+        entitySection(),
+        textSection(),
+        {.marker = kMarker, .fields = {}, .readTail = &readVersionOrLock, .writeTail = &writeVersion},
+        {.marker = kMarker, .fields = s_fields, .writeTail = &writeLock, .continues = true},
+    });
+    return s_table;
+}
+
+void OdDbAttributeDefinition::setPrompt(OdString const& prompt)
+{
+    assertWriteEnabled();
+    m_prompt = prompt;
+}
+
+void OdDbAttributeDefinition::setFieldLength(int length)
+{
+    if (length < 0 || length > std::numeric_limits<std::int16_t>::max())
+        throw OdError(eOutOfRange, odFormat(L"The field length %d is out of range", length));
+    assertWriteEnabled();
+    m_fieldLength = static_cast<std::int16_t>(length);
+}
+
+void OdDbAttributeDefinition::outline(OdDbOutlineSink& sink) const
+{
+    outlineOf(tag(), sink);
+}

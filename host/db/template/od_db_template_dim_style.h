@@ -1,0 +1,6 @@
+#pragma once
+
+class OdDbDimStyleTableRecord;
+
+/// The dimension style "Standard" of new drawings, for copying.
+OdDbDimStyleTableRecord const& odDbTemplateDimStyle();

@@ -1,0 +1,139 @@
+#include "host/dxf/dxf_drawing_reader.h"
+
+#include "host/db/records/od_db_block_table_record.h"
+#include "host/dxf/dxf_current_records.h"
+#include "host/dxf/dxf_entity_reader.h"
+#include "host/dxf/dxf_sections.h"
+
+namespace dxf {
+
+namespace {
+
+struct SectionReader
+{
+    std::string_view name;
+    void (*read)(Reading& reading);
+};
+
+constexpr SectionReader s_readers[] = {
+    {"HEADER", &readHeader},     {"TABLES", &readTables},   {"BLOCKS", &readBlocks},
+    {"ENTITIES", &readEntities}, {"OBJECTS", &readObjects},
+};
+
+SectionReader const* findReader(std::string_view name)
+{
+    for (SectionReader const& reader : s_readers)
+        if (reader.name == name)
+            return &reader;
+    return nullptr;
+}
+
+/// Names in the tables are looked up by everything behind them.
+void checkOrder(Reading const& reading, std::vector<OdDbFileContent::Section> const& sectionsBefore,
+                std::string_view name)
+{
+    if (name != "TABLES")
+        return;
+    for (OdDbFileContent::Section const& before : sectionsBefore)
+        if (before.name == "BLOCKS" || before.name == "ENTITIES" || before.name == "OBJECTS")
+            reading.fail(odFormat(L"The section TABLES comes behind %ls; it has to come first",
+                                  OdString::fromUtf8(before.name).c_str()));
+}
+
+void readSection(Reading& reading)
+{
+    auto& sections = reading.database().fileContent().sections;
+    reading.advance();
+    if (reading.tag().code != 2)
+        reading.fail(L"A section begins without its name (group 2)");
+    std::string const name(reading.tag().text);
+    checkOrder(reading, sections, name);
+    OdDbFileContent::Section& section = sections.back();
+    section.name = name;
+    reading.advance();
+    reading.takeComments(section.commentsInside);
+    if (SectionReader const* const reader = findReader(name))
+        reader->read(reading);
+    else
+        reading.keepUntil("ENDSEC", section.tags);
+    if (!reading.isAt(0, "ENDSEC"))
+        reading.fail(odFormat(L"The section %ls ends without ENDSEC", OdString::fromUtf8(name).c_str()));
+    reading.advance();
+}
+
+void readSections(Reading& reading)
+{
+    OdDbFileContent& content = reading.database().fileContent();
+    for (reading.advance();;) {
+        OdDbTagList comments;
+        reading.takeComments(comments);
+        if (reading.isAt(0, "EOF")) {
+            content.closingComments = std::move(comments);
+            return;
+        }
+        if (!reading.isAt(0, "SECTION"))
+            reading.fail(L"A section or the end mark EOF is expected here");
+        content.sections.emplace_back();
+        content.sections.back().commentsBefore = std::move(comments);
+        readSection(reading);
+    }
+}
+
+struct NamedRecord
+{
+    OdDbTableKind table;
+    std::string_view name;
+};
+
+/// Records that every drawing has: a file that uses one without defining it gets it defined.
+constexpr NamedRecord s_required[] = {
+    {OdDbTableKind::kLayer, "0"},
+    {OdDbTableKind::kLinetype, "ByLayer"},
+    {OdDbTableKind::kLinetype, "ByBlock"},
+    {OdDbTableKind::kLinetype, "Continuous"},
+    {OdDbTableKind::kTextStyle, "Standard"},
+    {OdDbTableKind::kDimStyle, "Standard"},
+};
+
+void completeBlocks(Reading& reading)
+{
+    OdDbDatabase& database = reading.database();
+    database.setSpaces(spaceBlock(reading, false).objectId(), spaceBlock(reading, true).objectId());
+    for (OdDbStub* const stub : database.table(OdDbTableKind::kBlock).records()) {
+        auto& block = *static_cast<OdDbBlockTableRecord*>(stub->object);
+        if (!block.beginId().isNull() && !block.endId().isNull())
+            continue;
+        reading.names().openFreeHandles();
+        reading.names().byName(OdDbTableKind::kLayer, "0");
+        block.completeFrame();
+    }
+}
+
+void complete(Reading& reading)
+{
+    OdDbDatabase& database = reading.database();
+    NameIndex& names = reading.names();
+    completeBlocks(reading);
+    for (CurrentRecordVariable const& current : kCurrentRecordVariables) {
+        OdDbObjectId const id = names.byName(current.table, database.header().text(current.name).toUtf8());
+        if (id.isValid())
+            database.setCurrent(current.table, id);
+    }
+    for (NamedRecord const& required : s_required)
+        if (OdDbObjectId const id = names.find(required.table, required.name); id.isValid())
+            id.open<OdDbSymbolTableRecord>()->setImplied(false);
+    names.openFreeHandles();
+    database.setBeingRead(false);
+    database.completeFromTemplate();
+}
+
+} // namespace
+
+void readDrawing(OdDbDatabase& database, TagSource& source, ReadReport& report)
+{
+    Reading reading(database, source, report);
+    readSections(reading);
+    complete(reading);
+}
+
+} // namespace dxf

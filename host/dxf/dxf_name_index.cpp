@@ -1,0 +1,144 @@
+#include "host/dxf/dxf_name_index.h"
+
+#include "host/db/filer/od_db_record_reader.h"
+
+namespace dxf {
+
+/// What the first look takes from one record of the section of tables.
+struct NameIndex::FoundRecord
+{
+    std::string_view type;
+    OdDbHandle handle;
+    std::string name;
+};
+
+NameIndex::NameIndex(OdDbDatabase& database, TagSource const& source) : m_database(database), m_source(source)
+{
+    lookThroughTables();
+}
+
+/// Reads from the group 0 that `tag` holds to the next one; false at the end of the file.
+bool NameIndex::readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record)
+{
+    record = {tag.text, {}, {}};
+    int const handleCode = tag.text == "DIMSTYLE" ? 105 : 5;
+    bool hasMarker = false, hasName = false;
+    while (source.next(tag)) {
+        if (tag.code == 0)
+            return true;
+        if (tag.code == 100)
+            hasMarker = true;
+        else if (tag.code == handleCode && tag.kind == OdDbTagKind::kHandle && !hasMarker)
+            record.handle = tag.handle();
+        else if (tag.code == 2 && !std::exchange(hasName, true))
+            record.name = tag.text;
+    }
+    return false;
+}
+
+void NameIndex::lookThroughTables()
+{
+    std::unique_ptr<TagSource> const source = m_source.fromStart();
+    OdDbTag tag;
+    bool isMore = false;
+    while ((isMore = source->next(tag)) && !tag.is(2, "TABLES")) {
+    }
+    while (isMore && tag.code != 0)
+        isMore = source->next(tag);
+    OdDbTableKindInfo const* table = nullptr;
+    std::unordered_set<std::uint64_t> taken;
+    FoundRecord record;
+    while (isMore && !tag.is(0, "ENDSEC")) {
+        isMore = readRecord(*source, tag, record);
+        if (record.type == "TABLE") {
+            table = odDbFindTableKind(record.name);
+            if (table && m_database.getTableId(table->kind).isNull())
+                createTable(*table, record.handle);
+        } else if (table && record.type == table->fileName) {
+            noteRecord(table->kind, record, taken);
+        }
+    }
+}
+
+OdDbSymbolTable& NameIndex::createTable(OdDbTableKindInfo const& kind, OdDbHandle handle)
+{
+    if (!m_database.getOdDbObjectId(handle).isNull())
+        handle = {};
+    if (handle.isNull())
+        openFreeHandles();
+    OdSmartPtr<OdDbSymbolTable> const created = OdRxObjectPtr(kind.tableClass()->create());
+    m_database.setTableId(kind.kind, m_database.addOdDbObject(created, {}, handle));
+    return *created;
+}
+
+void NameIndex::noteRecord(OdDbTableKind kind, FoundRecord const& record, std::unordered_set<std::uint64_t>& taken)
+{
+    if (record.name.empty())
+        return;
+    OdDbHandle handle = record.handle;
+    if (handle.isNull() || !taken.insert(handle.value()).second) {
+        openFreeHandles();
+        handle = m_database.handseed();
+    }
+    names(kind).byUpperName.emplace(OdString::fromUtf8(record.name).makeUpper(), byHandle(handle));
+}
+
+OdDbObjectId NameIndex::find(OdDbTableKind kind, std::string_view utf8Name)
+{
+    Names& known = names(kind);
+    if (auto const it = known.bySpelling.find(utf8Name); it != known.bySpelling.end())
+        return it->second;
+    auto const it = known.byUpperName.find(OdString::fromUtf8(utf8Name).makeUpper());
+    if (it == known.byUpperName.end())
+        return {};
+    known.bySpelling.emplace(utf8Name, it->second);
+    return it->second;
+}
+
+OdDbObjectId NameIndex::byName(OdDbTableKind kind, std::string_view utf8Name)
+{
+    if (utf8Name.empty())
+        return {};
+    if (OdDbObjectId const id = find(kind, utf8Name); !id.isNull())
+        return id;
+    OdDbObjectId const id = addRecord(kind, utf8Name);
+    id.open<OdDbSymbolTableRecord>()->setImplied(true);
+    return id;
+}
+
+OdDbObjectId NameIndex::addRecord(OdDbTableKind kind, std::string_view utf8Name)
+{
+    OdSmartPtr<OdDbSymbolTableRecord> const record = OdRxObjectPtr(odDbTableKind(kind).recordClass()->create());
+    OdDbRecordReader(*record, *this).put(OdDbTag::ofText(2, utf8Name));
+    OdDbSymbolTable& owner = table(kind);
+    openFreeHandles();
+    OdDbObjectId const id = m_database.addOdDbObject(record, owner.objectId());
+    owner.adopt(*record);
+    names(kind).byUpperName.emplace(record->getName().upper(), id);
+    return id;
+}
+
+OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)
+{
+    return m_database.getTableId(kind).isNull() ? createTable(odDbTableKind(kind), {}) : m_database.table(kind);
+}
+
+void NameIndex::openFreeHandles()
+{
+    if (std::exchange(m_hasFreeHandles, true))
+        return;
+    std::unique_ptr<TagSource> const source = m_source.fromStart();
+    OdDbTag tag;
+    bool isSeed = false; // the next free handle is no handle in use
+    try {
+        while (source->next(tag) && !tag.is(0, "EOF")) {
+            if (tag.kind == OdDbTagKind::kHandle && !isSeed)
+                m_database.raiseHandseed(OdDbHandle(tag.handle().value() + 1));
+            isSeed = tag.is(9, "$HANDSEED");
+        }
+    } catch (OdError const&) {
+        // Looking ahead stops at damage; the reading itself comes there later and reports it.
+    }
+}
+
+} // namespace dxf

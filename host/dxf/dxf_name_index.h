@@ -1,0 +1,63 @@
+#pragma once
+
+#include "host/db/od_db_database.h"
+#include "host/db/records/od_db_symbol_table.h"
+#include "host/db/records/od_db_table_kinds.h"
+#include "host/dxf/dxf_tag_source.h"
+
+#include <array>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace dxf {
+
+/// Ids for the names and handles of a file that is being read. Records are found before they are read: the symbol
+/// tables are looked through first. A name that no record has gets an implied record.
+class NameIndex final : public OdDbReferenceResolver
+{
+public:
+    /// Creates the tables of the drawing that the file has, still empty.
+    NameIndex(OdDbDatabase& database, TagSource const& source);
+
+    OdDbObjectId byName(OdDbTableKind table, std::string_view utf8Name) override;
+    OdDbObjectId byHandle(OdDbHandle handle) override { return m_database.getOdDbObjectId(handle, true); }
+
+    /// As byName, but null for a name that no record has.
+    OdDbObjectId find(OdDbTableKind table, std::string_view utf8Name);
+    /// The drawing's table, created if the file lacks it.
+    OdDbSymbolTable& table(OdDbTableKind kind);
+    /// Adds a record under a name that the file does not define.
+    OdDbObjectId addRecord(OdDbTableKind table, std::string_view utf8Name);
+
+    /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
+    void openFreeHandles();
+
+private:
+    struct FoundRecord;
+    struct Hash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const noexcept
+        {
+            return std::hash<std::string_view>()(text);
+        }
+    };
+    struct Names
+    {
+        std::unordered_map<std::string, OdDbObjectId, Hash, std::equal_to<>> bySpelling;
+        std::unordered_map<OdString, OdDbObjectId> byUpperName;
+    };
+
+    static bool readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record);
+    void lookThroughTables();
+    OdDbSymbolTable& createTable(OdDbTableKindInfo const& kind, OdDbHandle handle);
+    void noteRecord(OdDbTableKind kind, FoundRecord const& record, std::unordered_set<std::uint64_t>& taken);
+    Names& names(OdDbTableKind kind) { return m_names[static_cast<std::size_t>(kind)]; }
+
+    OdDbDatabase& m_database;
+    TagSource const& m_source;
+    std::array<Names, kOdDbTableKinds> m_names;
+    bool m_hasFreeHandles = false;
+};
+
+} // namespace dxf

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host/app/ca_app.h"
+
+#include <cppunit/TestFixture.h>
+
+#include <span>
+
+/// A new drawing for each test, and command input written as one line: answers separated by "|", an empty one is
+/// Enter ("LINE|0,0|10,0|" ends with Enter).
+class DrawScriptTest : public CppUnit::TestFixture
+{
+public:
+    void setUp() override;
+    void tearDown() override;
+
+protected:
+    struct DrawnCase
+    {
+        wchar_t const* script;
+        wchar_t const* drawn; ///< as drawn() gives it
+        int commands = 1;     ///< how often U has to run until nothing is left
+    };
+    struct RefusedCase
+    {
+        wchar_t const* script;
+        wchar_t const* message;
+    };
+    struct PromptCase
+    {
+        wchar_t const* script; ///< leaves the command waiting
+        wchar_t const* prompt;
+    };
+
+    /// Each script in a new drawing; then one U for each command takes everything back.
+    void checkDrawn(std::span<DrawnCase const> cases);
+    /// The last answer is refused with the message, and no command waits any more.
+    void checkRefused(std::span<RefusedCase const> cases);
+    void checkPrompts(std::span<PromptCase const> cases);
+
+    static int feed(OdString const& script);
+    /// One text for each entity of model space, separated by "; ". Numbers are rounded to 4 decimals, z is left
+    /// out where it is 0, the normal where it is (0, 0, 1), angles are degrees.
+    static OdString drawn();
+    static OdString lastPrompt();
+    static OdDbDatabase& db();
+
+private:
+    void renew();
+};
