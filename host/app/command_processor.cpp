@@ -217,6 +217,8 @@ void CommandProcessor::documentClosing(CaDoc const* document)
         (*position)->task = Task<>();
         m_frames.erase(position);
     }
+    if (m_frames.empty())
+        app()->commandsEnded();
 }
 
 void CommandProcessor::processIdle()

@@ -89,7 +89,8 @@ OdDbEntity const& entityOf(OdDbStub const* stub)
     return *static_cast<OdDbEntity const*>(stub->object);
 }
 
-/// Half the side of the pick box, in drawing units. A view without a window is thought to be this many pixels high.
+/// Half the side of the pick box, in drawing units. A view without a window is thought to be this many pixels
+/// high.
 double pickRadius(CaDoc const& document)
 {
     constexpr double kViewPixels = 686.0;
@@ -101,7 +102,8 @@ double pickRadius(CaDoc const& document)
 } // namespace
 
 SelectionFinder::SelectionFinder(CaDoc const& document)
-    : m_database(*document.database()), m_worldToUcs(oa::ucsToWorld(&m_database).inverse()),
+    : m_database(*document.database()),
+      m_worldToUcs(oa::ucsToWorld(&m_database).inverse()),
       m_pickRadius(pickRadius(document))
 {
 }

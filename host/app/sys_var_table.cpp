@@ -209,7 +209,7 @@ constexpr SysVarRow kTable[] = {
     number("ANGBASE", kReal, 0).header(50),
     toggle("ANGDIR", 0).header(70),
     number("AUNITS", kShort, 0).from(0, 4).header(70),
-    number("AUPREC", kShort, 0).from(0, 8).header(70),
+    number("AUPREC", kShort, 2).from(0, 8).header(70),
     number("LUNITS", kShort, 2).from(1, 5).header(70),
     number("LUPREC", kShort, 4).from(0, 8).header(70),
     toggle("UNITMODE", 0).header(70),

@@ -1,4 +1,4 @@
-#include "host/db/records/od_db_symbol_table.h"
+#include "host/db/records/od_db_block_table_record.h"
 #include "host/db/records/od_db_table_kinds.h"
 #include "host/dxf/dxf_current_records.h"
 #include "host/dxf/dxf_release.h"
@@ -10,15 +10,29 @@ namespace dxf {
 
 namespace {
 
-/// The next free handle as files say it. Implied records, which are not written, do not count, so that opening and
-/// saving a drawing does not use handles up.
+/// Handles of implied records, which are not written, and of what belongs to them.
+std::unordered_set<std::uint64_t> unwrittenHandles(OdDbDatabase const& database)
+{
+    std::unordered_set<std::uint64_t> handles;
+    for (OdDbTableKindInfo const& kind : odDbTableKinds()) {
+        for (OdDbStub const* const stub : database.table(kind.kind).records()) {
+            if (!static_cast<OdDbSymbolTableRecord const*>(stub->object)->isImplied())
+                continue;
+            handles.insert(stub->handle.value());
+            if (auto const* const block =
+                    odCast<OdDbBlockTableRecord>(static_cast<OdRxObject const*>(stub->object)))
+                for (OdDbObjectId const frame : {block->beginId(), block->endId()})
+                    handles.insert(frame.getHandle().value());
+        }
+    }
+    return handles;
+}
+
+/// The next free handle as files say it. What is not written does not count, so that opening and saving a drawing
+/// uses no handles up.
 OdDbHandle seedOf(OdDbDatabase const& database)
 {
-    std::unordered_set<std::uint64_t> unwritten;
-    for (OdDbTableKindInfo const& kind : odDbTableKinds())
-        for (OdDbStub const* const stub : database.table(kind.kind).records())
-            if (static_cast<OdDbSymbolTableRecord const*>(stub->object)->isImplied())
-                unwritten.insert(stub->handle.value());
+    std::unordered_set<std::uint64_t> const unwritten = unwrittenHandles(database);
     std::uint64_t seed = database.handseed().value();
     while (unwritten.contains(seed - 1))
         --seed;

@@ -109,7 +109,10 @@ OdDbObjectId NameIndex::byName(OdDbTableKind kind, std::string_view utf8Name)
 OdDbObjectId NameIndex::addRecord(OdDbTableKind kind, std::string_view utf8Name)
 {
     OdSmartPtr<OdDbSymbolTableRecord> const record = OdRxObjectPtr(odDbTableKind(kind).recordClass()->create());
-    OdDbRecordReader(*record, *this).put(OdDbTag::ofText(2, utf8Name));
+    OdDbRecordReader reader(*record, *this);
+    reader.put(OdDbTag::ofText(2, utf8Name));
+    if (kind == OdDbTableKind::kLayer)
+        reader.put(OdDbTag::ofText(6, "Continuous")); // a layer without linetype would not be one
     OdDbSymbolTable& owner = table(kind);
     openFreeHandles();
     OdDbObjectId const id = m_database.addOdDbObject(record, owner.objectId());

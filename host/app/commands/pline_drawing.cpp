@@ -52,7 +52,7 @@ OdDbPolylinePtr PlineDrawing::open() const
 
 OdDbPolylinePtr PlineDrawing::begin()
 {
-    OdDbPolylinePtr const polyline = new OdDbPolyline;
+    OdDbPolylinePtr polyline = new OdDbPolyline;
     polyline->setNormal(m_plane.normal());
     polyline->setElevation(m_plane.elevation());
     polyline->setPlinegen(m_editor.db().header().integer("PLINEGEN") != 0);

@@ -30,7 +30,7 @@ public:
     void setWidths(double start, double end);
     /// @}
 
-    void add(OdGePoint2d const& end, double bulge);
+    void add(OdGePoint2d const& to, double bulge);
     /// The last segment goes back to the start; there must be one before it.
     void close(double bulge);
     /// Takes the last segment back; false when there is none.

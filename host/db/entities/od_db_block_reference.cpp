@@ -34,14 +34,14 @@ OdDbFieldTable const& OdDbBlockReference::fields()
         odField<&Ref::m_normal>         (210),
     };
     // clang-format on
-    static auto const head = [](std::string_view marker, auto isWritten) {
+    auto const head = [](std::string_view marker, auto isWritten) {
         return OdDbSection{.marker = marker,
                            .fields = {},
                            .readTail = &readFollowFlag,
                            .writeTail = &writeFollowFlag,
                            .isWritten = isWritten};
     };
-    static auto const body = [](std::string_view marker, auto isWritten) {
+    auto const body = [](std::string_view marker, auto isWritten) {
         return OdDbSection{.marker = marker, .fields = s_fields, .continues = true, .isWritten = isWritten};
     };
     static OdDbFieldTable const s_table({entitySection(), head(kSingleMarker, &isSingleInFile),

@@ -3,6 +3,8 @@
 #include "host/db/filer/od_db_field_table.h"
 #include "host/db/od_db_database.h"
 
+#include <optional>
+
 OD_DB_DEFINE_CLASS(OdDbDictionary, OdDbObject, "DICTIONARY")
 
 /// An entry that was added, replaced or removed. Steps are taken back in reverse order, so that the number of the

@@ -1,5 +1,8 @@
 #include "host/db/records/od_db_dim_variable.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 using enum OdDbDimVariable::EKind;

@@ -1,5 +1,7 @@
 #include "host/db/records/od_db_layout.h"
 
+#include <limits>
+
 OD_DB_DEFINE_CLASS(OdDbLayout, OdDbPlotSettings, "LAYOUT")
 
 OdDbFieldTable const& OdDbLayout::fields()

@@ -105,10 +105,14 @@ public:
         CPPUNIT_ASSERT_EQUAL(std::string("TEXT a 0,0 h7 r0 x0.5"), drawn().toUtf8());
         CPPUNIT_ASSERT(currentStyle() == L"Narrow");
         // A text that continues another one keeps that one's style.
-        feed(L"TEXT|S|Standard|9,9|2|0|b||U|TEXT||c|");
+        feed(L"TEXT|S|Standard");
+        sds_cmd(nullptr);
+        feed(L"TEXT||c|");
         CPPUNIT_ASSERT_EQUAL(std::string("TEXT a 0,0 h7 r0 x0.5; TEXT c 0,-11.6667 h7 r0 x0.5"), drawn().toUtf8());
-        feed(L"U|U");
         CPPUNIT_ASSERT(currentStyle() == L"Standard");
+        feed(L"U|U|U");
+        CPPUNIT_ASSERT(currentStyle() == L"Standard");
+        CPPUNIT_ASSERT_EQUAL(std::string(), drawn().toUtf8());
     }
 
     void listsStyles()
@@ -161,7 +165,7 @@ private:
         style->setName(name);
         style->setTextSize(height);
         style->setXScale(widthFactor);
-        db().table(OdDbTableKind::kTextStyle).add(style);
+        db().getTextStyleTableId().open<OdDbSymbolTable>(OdDb::kForWrite)->add(style);
     }
 
     static OdString currentStyle() { return db().getTEXTSTYLE().open<OdDbTextStyleTableRecord>()->getName(); }

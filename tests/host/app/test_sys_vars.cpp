@@ -21,6 +21,7 @@ class SysVarTest : public DocumentFixture
 {
     CPPUNIT_TEST_SUITE(SysVarTest);
     CPPUNIT_TEST(everyVariableTakesBackItsValue);
+    CPPUNIT_TEST(newDrawingsHaveTheDefaults);
     CPPUNIT_TEST(findsWithoutRegardToCase);
     CPPUNIT_TEST(takesTextInRangeAndRefusesOther);
     CPPUNIT_TEST(refusedValuesChangeNothing);
@@ -49,6 +50,16 @@ public:
                 CPPUNIT_ASSERT_MESSAGE(name, variable.set(variable.defaultValue()));
         }
         CPPUNIT_ASSERT(!SysVar::list().empty() && m_app.hasDocument(&document));
+    }
+
+    void newDrawingsHaveTheDefaults()
+    {
+        newDocument();
+        for (SysVar const& variable : SysVar::list())
+            if (variable.keeper() == ca::ESysVarKeeper::kDrawing && !variable.isReadOnly())
+                CPPUNIT_ASSERT_EQUAL_MESSAGE(variable.name().toUtf8(),
+                                             SysVar::toText(variable.defaultValue()).toUtf8(),
+                                             variable.text().toUtf8());
     }
 
     void findsWithoutRegardToCase()
