@@ -4,6 +4,8 @@
 #include <cppunit/Message.h>
 #include <cppunit/SourceLine.h>
 
+#include <cstdlib>
+
 namespace ta {
 
 namespace {

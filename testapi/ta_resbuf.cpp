@@ -1,5 +1,6 @@
 #include "testapi/ta_resbuf.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ta {

@@ -4,6 +4,7 @@
 #include "testapi/ta_test_cmd.h"
 #include "testapi/ta_utils.h"
 
+#include <algorithm>
 #include <new>
 
 namespace ta {

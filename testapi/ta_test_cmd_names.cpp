@@ -2,6 +2,7 @@
 #include "testapi/ta_assert.h"
 #include "testapi/ta_test_cmd.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace ta {
@@ -65,7 +66,8 @@ void TestCmdArg::nameAddedEntities(OdArray<OdString> const& names)
     OdDbDatabasePtr const database = curDb();
     if (database.isNull())
         throw OdError(eNoDocument);
-    m_namedDatabases.push_back(database);
+    if (m_namedDatabases.empty() || m_namedDatabases.back().get() != database.get())
+        m_namedDatabases.push_back(database);
     OdDbBlockTableRecordPtr const modelSpace = database->getModelSpaceId().open<OdDbBlockTableRecord>();
     OdDbObjectIterator it = modelSpace->newIterator(false, true);
     OdDbObjectIterator* const pIt = &it;

@@ -1,5 +1,5 @@
-#!/usr/bin/python3
-"""Makes flange.dxf beside this script: a toothed flange with eight bolt holes, in plan and in section (millimetres)."""
+"""Makes flange.dxf beside this script: a toothed flange with bolt holes, in plan and in section (millimetres)."""
+"""Makes flange.dxf beside this script: a toothed flange with bolt holes, in plan and in section (millimetres)."""
 import math
 from pathlib import Path
 
@@ -22,7 +22,7 @@ def plan(space):
         for start, end in zip(flank, flank[1:]):
             space.add_line(start, end, {"layer": "PART"})
         start, end = math.degrees((k + 0.7) * step), math.degrees((k + 1) * step)
-        space.add_arc((0, 0), ROOT, start, end, {"layer": "PART"})
+        space.add_arc((0, 0), ROOT, start, end, dxfattribs={"layer": "PART"})
     for radius in (BORE, HUB):
         space.add_circle((0, 0), radius, {"layer": "PART"})
     space.add_circle((0, 0), BOLT_CIRCLE, {"layer": "CENTER"})

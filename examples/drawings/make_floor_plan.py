@@ -12,14 +12,15 @@ CORRIDOR = (6500.0, 8500.0)
 def define_blocks(doc):
     door = doc.blocks.new("DOOR")
     door.add_line((0, 0), (0, 900), {"layer": "DOORS"})
-    door.add_arc((0, 0), 900, 0, 90, {"layer": "DOORS"})
+    door.add_arc((0, 0), 900, 0, 90, dxfattribs={"layer": "DOORS"})
     door.add_attdef("NUMBER", (450, 300), "D00",
                     dxfattribs={"height": 150, "layer": "TEXT", "prompt": "Door number"})
-    door.add_attdef("FIRE", (450, 100), "NO", dxfattribs={"height": 100, "layer": "TEXT", "prompt": "Fire door", "flags": 1})
+    door.add_attdef("FIRE", (450, 100), "NO",
+                    dxfattribs={"height": 100, "layer": "TEXT", "prompt": "Fire door", "flags": 1})
     desk = doc.blocks.new("DESK")
     desk.add_lwpolyline([(0, 0), (1600, 0), (1600, 800), (0, 800)], close=True, dxfattribs={"layer": "FURNITURE"})
     desk.add_circle((800, 1100), 250, {"layer": "FURNITURE"})
-    desk.add_arc((800, 1100), 300, 30, 150, {"layer": "FURNITURE"})
+    desk.add_arc((800, 1100), 300, 30, 150, dxfattribs={"layer": "FURNITURE"})
     column = doc.blocks.new("COLUMN")
     column.add_lwpolyline([(-150, -150), (150, -150), (150, 150), (-150, 150)], close=True,
                           dxfattribs={"layer": "COLUMNS"})
@@ -51,13 +52,15 @@ def rooms(space):
         for k in range(ROOMS):
             number += 1
             x, y = k * WIDTH / ROOMS, CORRIDOR[1] if upper else 0.0
-            space.add_text(f"ROOM {100 + number}", dxfattribs={"layer": "TEXT", "height": 300}).set_pos((x + 2200, y + 3000))
-            wall_y = CORRIDOR[1] if upper else CORRIDOR[0]
-            door = space.add_blockref("DOOR", (x + 1000, wall_y), {"layer": "DOORS", "rotation": 0 if upper else -90})
+            name = space.add_text(f"ROOM {100 + number}", dxfattribs={"layer": "TEXT", "height": 300})
+            name.set_pos((x + 2000, y + 3000))
+            # Doors open into their rooms, beside the desks.
+            hinge, rotation = ((x + 4900, CORRIDOR[1]), 0) if upper else ((x + 5800, CORRIDOR[0]), 180)
+            door = space.add_blockref("DOOR", hinge, {"layer": "DOORS", "rotation": rotation})
             door.add_auto_attribs({"NUMBER": f"D{number:02}", "FIRE": "YES" if k == 0 else "NO"})
             for row in range(2):
                 for column in range(2):
-                    space.add_blockref("DESK", (x + 700 + column * 2600, y + 700 + row * 3600),
+                    space.add_blockref("DESK", (x + 500 + column * 2400, y + 700 + row * 3600),
                                        {"layer": "FURNITURE"})
 
 
@@ -66,7 +69,8 @@ def grid(space):
         x = k * WIDTH / 8
         space.add_line((x, -1500), (x, DEPTH + 800), {"layer": "GRID"})
         space.add_circle((x, -1900), 400, {"layer": "GRID"})
-        space.add_text(chr(ord("A") + k), dxfattribs={"layer": "GRID", "height": 350}).set_pos((x - 120, -2070))
+        letter = space.add_text(chr(ord("A") + k), dxfattribs={"layer": "GRID", "height": 350})
+        letter.set_pos((x - 120, -2070))
         for y in CORRIDOR:
             space.add_blockref("COLUMN", (x, y), {"layer": "COLUMNS"})
 

@@ -109,7 +109,7 @@ OdString CaApp::fullPath(OdString const& path)
 
 OdString CaApp::findFile(OdString const& name) const
 {
-    OdString const inCurrentFolder = fullPath(name);
+    OdString inCurrentFolder = fullPath(name);
     if (ut::FileName(name).isAbsolute() || ut::fileExists(inCurrentFolder))
         return inCurrentFolder;
     for (OdString rest = oa::SysVars::getSRCHPATH(); !rest.isEmpty();) {
@@ -130,7 +130,7 @@ OdDbDatabasePtr CaApp::readFile(OdString const& path)
     try {
         OdString const file = findFile(path);
         dxf::ReadReport report;
-        OdDbDatabasePtr const drawing = dxf::readFile(file, &report);
+        OdDbDatabasePtr drawing = dxf::readFile(file, &report);
         showNotes(*m_commandLine, file, report.notes);
         return drawing;
     } catch (std::exception const& error) {

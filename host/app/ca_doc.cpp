@@ -9,7 +9,7 @@
 
 namespace ca {
 
-CaDoc::CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString fileName, bool readOnly)
+CaDoc::CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly)
     : ApDoc(std::move(drawing)),
       m_application(application),
       m_serial(application.takeDocumentSerial()),

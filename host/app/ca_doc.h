@@ -16,7 +16,7 @@ class SysVarStore;
 class CaDoc : public oa::ApDoc
 {
 public:
-    CaDoc(CaApp& application, OdDbDatabasePtr database, OdString fileName, bool readOnly);
+    CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly);
     ~CaDoc() override;
 
     /// Distinguishes documents that were ever open; never used again.

@@ -17,6 +17,7 @@ std::vector<SysVar> sortedVariables()
         rows.push_back(&row);
     std::ranges::sort(rows, {}, [](SysVarRow const* row) { return row->name; });
     std::vector<SysVar> variables;
+    variables.reserve(rows.size());
     for (SysVarRow const* const row : rows)
         variables.emplace_back(*row);
     return variables;

@@ -97,8 +97,8 @@ SysVarValue julianDate(CaDoc const*)
 {
     constexpr double kJulianDayOfEpoch = 2440588; // the day counts from midnight
     LocalTime const now = localTime();
-    auto const days = static_cast<double>((now.universal + now.offset) / 86400);
-    return kJulianDayOfEpoch + days + now.secondsOfDay / 86400;
+    std::time_t const days = (now.universal + now.offset) / 86400;
+    return kJulianDayOfEpoch + static_cast<double>(days) + now.secondsOfDay / 86400;
 }
 
 SysVarValue calendarDate(CaDoc const*)

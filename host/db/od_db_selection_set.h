@@ -3,9 +3,7 @@
 #include "host/db/od_db_full_subent_path.h"
 #include "host/root/od_rx_object.h"
 
-#include <cstdint>
 #include <memory>
-#include <optional>
 #include <unordered_map>
 #include <vector>
 

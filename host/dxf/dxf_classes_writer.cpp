@@ -31,33 +31,50 @@ constexpr ListedClass s_ownClasses[] = {
 };
 // clang-format on
 
-using Counts = std::unordered_map<std::string_view, std::int64_t>;
-
-/// Entities and objects by their names in files.
-Counts countInstances(OdDbDatabase const& database)
+/// Entities and objects by their names in files. There can be millions of entities, and most files have all that
+/// is to be known: they are counted when first asked for.
+class InstanceCounts
 {
-    Counts counts;
-    auto const count = [&counts](OdDbStub const* stub) {
-        if (!stub->erased)
-            ++counts[stub->object->dxfName()];
-    };
-    for (OdDbStub const* const block : database.table(OdDbTableKind::kBlock).records())
-        if (!block->erased)
-            std::ranges::for_each(static_cast<OdDbBlockTableRecord const*>(block->object)->entities(), count);
-    std::ranges::for_each(database.fileObjects(), count);
-    return counts;
-}
+public:
+    explicit InstanceCounts(OdDbDatabase const& database) : m_database(database) { count(database.fileObjects()); }
+
+    std::int64_t ofObject(std::string_view name) const
+    {
+        auto const it = m_counts.find(name);
+        return it == m_counts.end() ? 0 : it->second;
+    }
+    std::int64_t ofAny(std::string_view name)
+    {
+        if (!std::exchange(m_hasEntities, true))
+            for (OdDbStub const* const block : m_database.table(OdDbTableKind::kBlock).records())
+                if (!block->erased)
+                    count(static_cast<OdDbBlockTableRecord const*>(block->object)->entities());
+        return ofObject(name);
+    }
+
+private:
+    void count(std::vector<OdDbStub*> const& stubs)
+    {
+        for (OdDbStub const* const stub : stubs)
+            if (!stub->erased)
+                ++m_counts[stub->object->dxfName()];
+    }
+
+    OdDbDatabase const& m_database;
+    std::unordered_map<std::string_view, std::int64_t> m_counts;
+    bool m_hasEntities = false;
+};
 
 /// Passes the kept list on; releases before R2004 did not count the instances of a class.
 class ClassListSink final : public OdDbTagSink
 {
 public:
-    ClassListSink(OdDbTagSink& sink, Counts const& counts) : m_sink(sink), m_counts(counts) {}
+    ClassListSink(OdDbTagSink& sink, InstanceCounts& counts) : m_sink(sink), m_counts(counts) {}
 
     void put(OdDbTag const& tag) override
     {
         if (m_hasFlags && tag.code != kCountCode)
-            putCount();
+            m_sink.integer(kCountCode, m_counts.ofAny(m_name));
         m_hasFlags = tag.code == kFlagsCode;
         if (tag.code == 1)
             m_name = *m_names.emplace(tag.text).first;
@@ -66,14 +83,8 @@ public:
     bool has(std::string_view name) const { return m_names.contains(std::string(name)); }
 
 private:
-    void putCount()
-    {
-        auto const it = m_counts.find(m_name);
-        m_sink.integer(kCountCode, it == m_counts.end() ? 0 : it->second);
-    }
-
     OdDbTagSink& m_sink;
-    Counts const& m_counts;
+    InstanceCounts& m_counts;
     std::unordered_set<std::string> m_names;
     std::string m_name;
     bool m_hasFlags = false;
@@ -95,14 +106,14 @@ void writeClass(ListedClass const& listed, std::int64_t count, OdDbTagSink& sink
 
 void writeClasses(OdDbDatabase const& database, OdDbTagSink& sink)
 {
-    Counts const counts = countInstances(database);
+    InstanceCounts counts(database);
     ClassListSink list(sink, counts);
     for (OdDbFileContent::Section const& section : database.fileContent().sections)
         if (section.name == "CLASSES")
             section.tags.writeTo(list);
     for (ListedClass const& listed : s_ownClasses)
-        if (auto const it = counts.find(listed.name); it != counts.end() && !list.has(listed.name))
-            writeClass(listed, it->second, sink);
+        if (std::int64_t const count = counts.ofObject(listed.name); count > 0 && !list.has(listed.name))
+            writeClass(listed, count, sink);
 }
 
 } // namespace dxf

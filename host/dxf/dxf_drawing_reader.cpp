@@ -103,7 +103,6 @@ void completeBlocks(Reading& reading)
         auto& block = *static_cast<OdDbBlockTableRecord*>(stub->object);
         if (!block.beginId().isNull() && !block.endId().isNull())
             continue;
-        reading.names().openFreeHandles();
         reading.names().byName(OdDbTableKind::kLayer, "0");
         block.completeFrame();
     }
@@ -113,6 +112,7 @@ void complete(Reading& reading)
 {
     OdDbDatabase& database = reading.database();
     NameIndex& names = reading.names();
+    reading.allRecordsRead();
     completeBlocks(reading);
     for (CurrentRecordVariable const& current : kCurrentRecordVariables) {
         OdDbObjectId const id = names.byName(current.table, database.header().text(current.name).toUtf8());
@@ -122,7 +122,6 @@ void complete(Reading& reading)
     for (NamedRecord const& required : s_required)
         if (OdDbObjectId const id = names.find(required.table, required.name); id.isValid())
             id.open<OdDbSymbolTableRecord>()->setImplied(false);
-    names.openFreeHandles();
     database.setBeingRead(false);
     database.completeFromTemplate();
 }

@@ -126,6 +126,12 @@ OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)
     return m_database.getTableId(kind).isNull() ? createTable(odDbTableKind(kind), {}) : m_database.table(kind);
 }
 
+void NameIndex::openFreeHandlesAbove(OdDbHandle highest)
+{
+    m_hasFreeHandles = true;
+    m_database.raiseHandseed(OdDbHandle(highest.value() + 1));
+}
+
 void NameIndex::openFreeHandles()
 {
     if (std::exchange(m_hasFreeHandles, true))

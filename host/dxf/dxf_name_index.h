@@ -31,6 +31,8 @@ public:
 
     /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
     void openFreeHandles();
+    /// As openFreeHandles, without looking ahead: the whole file is read, and this was its highest handle.
+    void openFreeHandlesAbove(OdDbHandle highest);
 
 private:
     struct FoundRecord;

@@ -19,8 +19,15 @@ void Reading::takeComments(OdDbTagList& comments)
 void Reading::keep(OdDbTagList& tags)
 {
     tags.put(m_tag);
-    if (m_tag.kind == OdDbTagKind::kHandle)
-        m_database.raiseHandseed(OdDbHandle(m_tag.handle().value() + 1));
+    noteHandle();
+}
+
+void Reading::noteHandle()
+{
+    // Absurd handles of damaged files would hide the highest sensible one.
+    constexpr OdDbHandle kAbsurd(std::uint64_t{1} << 62);
+    if (m_tag.kind == OdDbTagKind::kHandle && m_tag.handle() < kAbsurd)
+        m_highestHandle = std::max(m_highestHandle, m_tag.handle());
 }
 
 void Reading::keepUntil(std::string_view endMark, OdDbTagList& tags)
@@ -45,8 +52,10 @@ RecordHead Reading::readRecord(OdDbObject& object)
     RecordHead head;
     head.line = line();
     OdDbRecordReader reader(object, m_names);
-    for (advance(); m_tag.code != 0; advance())
+    for (advance(); m_tag.code != 0; advance()) {
+        noteHandle();
         reader.put(m_tag);
+    }
     head.handle = reader.handle();
     head.owner = reader.owner();
     head.isInPaperSpace = reader.isInPaperSpace();

@@ -48,16 +48,20 @@ public:
 
     /// Gives the object its place in the drawing, under the handle of its record where that is free.
     OdDbObjectId add(OdDbObject& object, OdDbObjectId owner, RecordHead const& head);
+    /// Nothing more is read; objects that are added from now on get free handles.
+    void allRecordsRead() { m_names.openFreeHandlesAbove(m_highestHandle); }
     void note(std::size_t line, OdDbHandle handle, OdString text);
 
 private:
     void keep(OdDbTagList& tags);
+    void noteHandle();
 
     OdDbDatabase& m_database;
     TagSource& m_source;
     ReadReport& m_report;
     NameIndex m_names;
     OdDbTag m_tag;
+    OdDbHandle m_highestHandle; ///< in records and kept tags, references to nothing included
 };
 
 } // namespace dxf

@@ -3,7 +3,6 @@
 #include "host/ut/ut_number.h"
 #include "host/xml/xml_text.h"
 
-#include <cmath>
 #include <utility>
 
 namespace oa {

@@ -2,6 +2,8 @@
 
 #include "host/db/od_db_database.h"
 
+#include <algorithm>
+
 namespace oa {
 
 namespace {

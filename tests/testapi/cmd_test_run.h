@@ -7,25 +7,30 @@
 
 #include <functional>
 
-/// The failure of a call as one text: its messages separated by "|", or the text of an OdError; empty when it
-/// passes. The folder given is shown as "@".
-inline std::string failureOf(std::function<void()> const& call, std::string const& folder = "")
+/// The text with a folder shown as "@".
+inline std::string withoutFolder(std::string text, std::string const& folder)
 {
-    std::string text;
+    for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at))
+        text.replace(at, folder.size(), "@");
+    return text;
+}
+
+/// The failure of a call as one text: its messages separated by "|", or the text of an OdError; empty when it
+/// passes.
+inline std::string failureOf(std::function<void()> const& call)
+{
     try {
         call();
     } catch (CppUnit::Exception const& failure) {
         CppUnit::Message const message = failure.message();
-        text = message.shortDescription();
+        std::string text = message.shortDescription();
         for (int i = 0; i < message.detailCount(); ++i)
             text += "|" + message.detailAt(i);
+        return text;
     } catch (OdError const& error) {
-        text = std::string("OdError|") + error.what();
+        return std::string("OdError|") + error.what();
     }
-    if (!folder.empty())
-        for (std::size_t at = text.find(folder); at != std::string::npos; at = text.find(folder, at))
-            text.replace(at, folder.size(), "@");
-    return text;
+    return {};
 }
 
 /// A folder in which command tests are run as the bench runs them, each from a file of its own.
@@ -41,15 +46,13 @@ public:
     std::string runAs(std::string const& xml, std::function<void(Test&)> const& afterwards = {}) const
     {
         Test test(write("t.xml", xml).str());
-        std::string const failure = failureOf(
-            [&] {
-                test.setUp();
-                test.runTest();
-            },
-            path().string());
+        std::string const failure = failureOf([&] {
+            test.setUp();
+            test.runTest();
+        });
         if (afterwards)
             afterwards(test);
         test.tearDown();
-        return failure;
+        return withoutFolder(failure, path().string());
     }
 };

@@ -108,7 +108,7 @@ public:
         ta::TestCmdArg missing((m_folder / "missing.xml").str());
         CPPUNIT_ASSERT_EQUAL(std::string("assertion failed|Expression: !!parseResult|Failed to load @/missing.xml "
                                          "file, File was not found"),
-                             failureOf([&] { missing.setUp(); }, m_folder.path().string()));
+                             withoutFolder(failureOf([&] { missing.setUp(); }), m_folder.path().string()));
         missing.tearDown();
     }
 

@@ -1,3 +1,4 @@
+#include "host/app/command_line.h"
 #include "tests/testapi/cmd_test_run.h"
 
 #include <cppunit/extensions/HelperMacros.h>

@@ -38,9 +38,11 @@ Task<> setvarCommand(Editor& editor)
         show(editor, *variable);
         co_return;
     }
-    OdString const current = variable->text(&editor.doc());
-    Answer const value = co_await editor.text(Prompt(L"Enter new value for " + variable->name())
-                                                  .defaultText(current.isEmpty() ? OdString(L"\"\"") : current));
+    OdString current = variable->text(&editor.doc());
+    if (current.isEmpty())
+        current = L"\"\"";
+    Answer const value =
+        co_await editor.text(Prompt(L"Enter new value for " + variable->name()).defaultText(current));
     if (value.isNone())
         co_return;
     // "." clears a text variable, since an empty answer keeps it.

@@ -123,6 +123,7 @@ void assertEqual(OdString const& script, OdString const& expected, OdString cons
 
 void DrawScriptTest::setUp()
 {
+    m_variables = ca::app()->variables();
     CPPUNIT_ASSERT(ca::app()->openFile());
 }
 
@@ -131,6 +132,7 @@ void DrawScriptTest::tearDown()
     sds_cmd(nullptr);
     while (ca::CaDoc* const document = ca::curDoc())
         document->close();
+    ca::app()->variables() = m_variables;
 }
 
 void DrawScriptTest::renew()

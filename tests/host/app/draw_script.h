@@ -1,13 +1,14 @@
 #pragma once
 
 #include "host/app/ca_app.h"
+#include "host/app/sys_var_store.h"
 
 #include <cppunit/TestFixture.h>
 
 #include <span>
 
-/// A new drawing for each test, and command input written as one line: answers separated by "|", an empty one is
-/// Enter ("LINE|0,0|10,0|" ends with Enter).
+/// A new drawing for each test, variables of the application as before it, and command input written as one line:
+/// answers separated by "|", an empty one is Enter ("LINE|0,0|10,0|" ends with Enter).
 class DrawScriptTest : public CppUnit::TestFixture
 {
 public:
@@ -47,4 +48,6 @@ protected:
 
 private:
     void renew();
+
+    ca::SysVarStore m_variables;
 };

@@ -30,6 +30,7 @@ class TestCommandProcessor : public DrawScriptTest
     CPPUNIT_TEST(surplusAnswersAreTheNextCommands);
     CPPUNIT_TEST(refusedAnswerCancelsAndDropsTheRest);
     CPPUNIT_TEST(nullListCancels);
+    CPPUNIT_TEST(everyPromptCanBeCancelled);
     CPPUNIT_TEST(listThatIsNoListOfAnswers);
     CPPUNIT_TEST(transparentCommands);
     CPPUNIT_TEST(transparentSyntaxIsTextWhereTextIsAsked);
@@ -107,6 +108,36 @@ public:
         feed(L"LINE");
         CPPUNIT_ASSERT_EQUAL(int(RTNORM), sds_command(0));
         CPPUNIT_ASSERT_EQUAL(std::string(), activeCommands());
+    }
+
+    void everyPromptCanBeCancelled()
+    {
+        // A suspended coroutine holds the temporaries of its question; destroying it has to release each once.
+        wchar_t const* const scripts[] = {
+            L"LINE|0,0|1,0|'SETVAR|INSNAME|x|1,1|'SETVAR|?|DWG*|C",
+            L"CIRCLE|0,0|D|8|CIRCLE|2P|0,0|1,1|CIRCLE|3P|0,0|1,0|1,1|",
+            L"ARC|0,0|E|5,5|A|90|ARC|C|0,0|1,0|L|1|ARC|0,0|C|1,0|A|45",
+            L"PLINE|0,0|W|1|2|A|S|3,3|5,0|L|9,9|CL|",
+            L"TEXT|J|F|0,0|9,0|1|some text|",
+            L"ERASE|W|0,0|1,1|BOX|0,0|1,1|R|ALL|A|900,900|901,901|",
+            L"MOVE|ALL||D|1,1|COPY|ALL||O|M|0,0|1,1|U|2,2|",
+            L"-LAYER|M|a|S||0,0|N|b|R|b|c|OFF|0|N|OFF||ALL||N|C|T|1,2,3|a|L|?|*|L||a|LW|1|a|P|N|a|D|text|a|?|*|",
+            L"-BLOCK|B|0,0|ALL||-INSERT|B|B|0,0|0,0|XYZ|C|1,1|2|3|45|-INSERT|B|S|2|R|0|5,5|-BLOCK|B|Y|0,0|ALL|",
+            L"NEW|.|SAVEAS|/no/such/folder/a.dwg",
+            L"LINE|0,0|1,0||CLOSE|Y|/no/such/folder/a.dwg",
+        };
+        for (OdString const script : scripts) {
+            for (std::size_t end = script.find(L'|'); end != OdString::npos; end = script.find(L'|', end + 1)) {
+                tearDown();
+                setUp();
+                feed(L"POINT|0,0");
+                OdString const part = script.left(end);
+                CPPUNIT_ASSERT_EQUAL_MESSAGE(part.toUtf8() + ": " + lastPrompt().toUtf8(), int(RTNORM),
+                                             feed(part));
+                CPPUNIT_ASSERT_EQUAL(int(RTNORM), sds_cmd(nullptr));
+                CPPUNIT_ASSERT_MESSAGE(part.toUtf8(), ca::CommandProcessor::get().isIdle());
+            }
+        }
     }
 
     void listThatIsNoListOfAnswers()

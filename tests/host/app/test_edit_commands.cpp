@@ -2,6 +2,7 @@
 #include "host/app/ca_doc.h"
 #include "host/app/command_line.h"
 #include "host/app/sys_var.h"
+#include "host/sds/sds.h"
 #include "tests/host/app/draw_script.h"
 
 #include <cppunit/extensions/HelperMacros.h>
@@ -56,10 +57,12 @@ public:
     {
         DrawnCase const cases[] = {
             {L"POINT|0,0|COPY|ALL||O|S|0,0|1,0", L"POINT 0,0; POINT 1,0", 2},
-            {L"POINT|0,0|COPY|ALL||0,0|1,0", L"POINT 0,0; POINT 1,0", 2}, // the mode lasts
-            {L"POINT|0,0|COPY|ALL||O|M|0,0|1,0|2,0|", L"POINT 0,0; POINT 1,0; POINT 2,0", 2},
+            {L"COPYMODE|1|POINT|0,0|COPY|ALL||0,0|1,0", L"POINT 0,0; POINT 1,0", 2},
+            {L"COPYMODE|1|POINT|0,0|COPY|ALL||O|M|0,0|1,0|2,0|", L"POINT 0,0; POINT 1,0; POINT 2,0", 2},
         };
         checkDrawn(cases);
+        CPPUNIT_ASSERT_EQUAL(int(RTNORM), feed(L"POINT|0,0|COPY|ALL||O|S|0,0|1,0"));
+        CPPUNIT_ASSERT_EQUAL(std::string("1"), ca::SysVar::find(L"COPYMODE")->text().toUtf8());
     }
 
     void displacementsAreInTheUserCoordinateSystem()
@@ -74,10 +77,10 @@ public:
 
     void undoBringsBackWhatWasErased()
     {
-        feed(L"POINT|1,1|CIRCLE|0,0|2|POINT|2,2|ERASE|1,1|2,2|");
+        feed(L"POINT|10,10|CIRCLE|0,0|2|POINT|20,20|ERASE|10,10|20,20|");
         CPPUNIT_ASSERT_EQUAL(std::string("CIRCLE 0,0 r2"), drawn().toUtf8());
         feed(L"U");
-        CPPUNIT_ASSERT_EQUAL(std::string("POINT 1,1; CIRCLE 0,0 r2; POINT 2,2"), drawn().toUtf8());
+        CPPUNIT_ASSERT_EQUAL(std::string("POINT 10,10; CIRCLE 0,0 r2; POINT 20,20"), drawn().toUtf8());
         feed(L"DELETE|ALL||U|U|U|U");
         CPPUNIT_ASSERT_EQUAL(std::string(), drawn().toUtf8());
     }
@@ -126,7 +129,7 @@ public:
             {L"SETVAR|LTSCALE|big", L"Requires a number above 0."},
             {L"SETVAR|FILLMODE|2", L"Requires an integer between 0 and 1 only."},
             {L"SETVAR|CLAYER|WALLS", L"The drawing has nothing named \"WALLS\"."},
-            {L"MOVE|ALL||here", L"Point or option keyword required."},
+            {L"POINT|0,0|MOVE|ALL||here", L"Point or option keyword required."},
             {L"CIRCLE|0,0|1|COPY|ALL||O|Twice", L"Invalid option keyword."},
         };
         checkRefused(cases);

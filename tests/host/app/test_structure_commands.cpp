@@ -5,6 +5,7 @@
 #include "host/db/od_db_database.h"
 #include "host/db/records/od_db_layer_table_record.h"
 #include "host/db/records/od_db_linetype_table_record.h"
+#include "host/sds/sds.h"
 #include "tests/host/app/draw_script.h"
 
 #include <cppunit/extensions/HelperMacros.h>
@@ -68,14 +69,14 @@ public:
 
     void takesLayersFromObjects()
     {
-        feed(L"-LAYER|N|a,b,c|S|a||POINT|1,1|-LAYER|S|b||POINT|2,2|POINT|3,3|-LAYER|S|c|");
-        feed(L"-LAYER|LO||1,1|2,2|3,3||");
+        feed(L"-LAYER|N|a,b,c|S|a||POINT|10,10|-LAYER|S|b||POINT|20,20|POINT|30,30|-LAYER|S|c|");
+        feed(L"-LAYER|LO||10,10|20,20|30,30||");
         CPPUNIT_ASSERT_EQUAL(std::string("0; a locked; b locked; *c"), layers());
-        feed(L"-LAYER|U||2,2|||");
+        feed(L"-LAYER|U||20,20|||");
         CPPUNIT_ASSERT_EQUAL_MESSAGE("locked objects count", std::string("0; a locked; b; *c"), layers());
-        feed(L"-LAYER|S||1,1|");
+        feed(L"-LAYER|S||10,10|");
         CPPUNIT_ASSERT_EQUAL(std::string("0; *a locked; b; c"), layers());
-        feed(L"-LAYER|F||3,3||OFF||1,1||Y|");
+        feed(L"-LAYER|F||30,30||OFF||10,10||Y|");
         CPPUNIT_ASSERT_EQUAL(std::string("0; *a off locked; b frozen; c"), layers());
     }
 
@@ -185,9 +186,8 @@ public:
             std::uint8_t red, green, blue;
             int nearest;
         } const cases[] = {
-            {255, 0, 0, 1},     {250, 4, 3, 1},     {255, 255, 250, 7}, {0, 0, 1, 18 /* the darkest red is not */},
-            {255, 127, 0, 30},  {0, 165, 124, 122}, {127, 63, 63, 15},  {130, 126, 128, 8},
-            {190, 192, 195, 9}, {51, 51, 52, 250},
+            {255, 0, 0, 1},     {250, 4, 3, 1},    {255, 255, 250, 7}, {0, 0, 30, 178},    {255, 127, 0, 30},
+            {0, 165, 124, 122}, {127, 63, 63, 15}, {130, 126, 128, 8}, {190, 192, 195, 9}, {51, 51, 52, 250},
         };
         for (auto const& each : cases)
             CPPUNIT_ASSERT_EQUAL(each.nearest, int(ca::nearestPaletteColor(each.red, each.green, each.blue)));

@@ -83,18 +83,11 @@ class TestBlockCommands : public DrawScriptTest
     CPPUNIT_TEST_SUITE_END();
 
 public:
-    void setUp() override
-    {
-        DrawScriptTest::setUp();
-        setVariable(L"INSNAME", OdString());
-        setVariable(L"ATTREQ", 1);
-    }
-
     void blockTakesTheEntitiesOutOfTheSpace()
     {
-        run(L"LINE|10,5|12,5||LINE|10,5|10,8||LINE|0,0|1,0||-BLOCK|Bracket|10,5|11,5|10,7|");
+        run(L"LINE|100,50|120,50||LINE|100,50|100,80||LINE|0,0|1,0||-BLOCK|Bracket|100,50|110,50|100,70|");
         CPPUNIT_ASSERT_EQUAL(std::string("LINE 0,0 1,0"), modelSpace());
-        CPPUNIT_ASSERT_EQUAL(std::string("LINE 0,0 2,0; LINE 0,0 0,3"), block(L"BRACKET"));
+        CPPUNIT_ASSERT_EQUAL(std::string("LINE 0,0 20,0; LINE 0,0 0,30"), block(L"BRACKET"));
         CPPUNIT_ASSERT_EQUAL(std::string("Block \"Bracket\" defined."), lastPrompt().toUtf8());
         run(L"-BLOCK|Outer|1,0|ALL||-INSERT|Outer|0,0||||-INSERT|Bracket|5,5||||-BLOCK|Both|0,0|ALL|");
         CPPUNIT_ASSERT_EQUAL(std::string("Outer 0,0 s1,1,1 r0; Bracket 5,5 s1,1,1 r0"), block(L"Both"));
@@ -114,8 +107,8 @@ public:
     void redefinitionReachesAllReferences()
     {
         run(L"LINE|0,0|1,0||-BLOCK|B|0,0|L||-INSERT|B|10,0||||-INSERT|B|20,0|2|||LINE|0,5|0,7|");
-        run(L"-BLOCK|b|0,5|0,6||");
-        CPPUNIT_ASSERT_MESSAGE("No is the default", !block(L"B").starts_with("LINE 0,0 0,2"));
+        run(L"-BLOCK|b|");
+        CPPUNIT_ASSERT_EQUAL_MESSAGE("No is the default", std::string("LINE 0,0 1,0"), block(L"B"));
         run(L"-BLOCK|b|Y|0,5|0,6||");
         CPPUNIT_ASSERT_EQUAL(std::string("LINE 0,0 0,2"), block(L"B"));
         CPPUNIT_ASSERT_EQUAL(std::string("Block \"B\" redefined."), lastPrompt().toUtf8());
@@ -307,8 +300,6 @@ public:
 
     void prompts()
     {
-        OdString const block = L"LINE|0,0|1,0||-BLOCK|B|0,0|L||";
-        OdString const insert = block + L"-INSERT|B|";
         PromptCase const cases[] = {
             {L"-B", L"Enter block name or [?]: "},
             {L"-I", L"Enter block name or [?]: "},
@@ -323,8 +314,7 @@ public:
             {L"LINE|0,0|1,0||-BLOCK|B|0,0|L||-INSERT|B|0,0||", L"Specify rotation angle <0>: "},
             {L"LINE|0,0|1,0||-BLOCK|B|0,0|L||-INSERT|B|0,0|XYZ", L"Specify X scale factor or [Corner] <1>: "},
         };
-        for (PromptCase const& each : cases)
-            setVariable(L"INSNAME", OdString()), checkPrompts({&each, 1});
+        checkPrompts(cases);
     }
 
 private:
