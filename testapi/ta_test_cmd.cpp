@@ -72,8 +72,8 @@ void TestCmdArg::setUp()
 void TestCmdArg::setUpImp(bool createDocumentIfNoDrawing)
 {
     for (int i = 0; i < ca::app()->getDocumentsCount(); ++i)
-        if (ca::CaDoc const* const pDoc = ca::app()->getDocument(i))
-            m_docsBeforeTest.append(pDoc->serial());
+        if (ca::CaDoc* const pDoc = ca::app()->getDocument(i))
+            m_docsBeforeTest.append(pDoc);
 
     pugi::xml_parse_result const parseResult = m_xmlDocument.load_file(testArg().c_str());
     std::wstring const description = odUtf8ToWide(parseResult.description());
@@ -149,7 +149,7 @@ void TestCmdArg::closeNewDocuments()
 {
     for (int i = ca::app()->getDocumentsCount() - 1; i >= 0; --i) {
         ca::CaDoc* const pDoc = ca::app()->getDocument(i);
-        if (!pDoc || m_docsBeforeTest.contains(pDoc->serial()))
+        if (!pDoc || m_docsBeforeTest.contains(pDoc))
             continue;
         try {
             pDoc->close();

@@ -1,7 +1,7 @@
 #pragma once
 
 // Command tests: one XML file is one test. Its child elements are operations, which run in the order of the file
-// in the running application. To write such files see docs/command-tests.md; to add an operation, make a static
+// in the running application. To write such files see docs/user-guide.md; to add an operation, make a static
 // object of ta::TestCmdArg::OperationFunc (or derive from Operation) in a test module.
 
 #include "testapi/ta_host.h"
@@ -92,7 +92,7 @@ public:
 private:
     void closeNewDocuments();
 
-    OdArray<std::uint64_t> m_docsBeforeTest; // serial numbers: the address of a closed document may be used again
+    OdArray<ca::CaDoc*> m_docsBeforeTest;
     pugi::xml_document m_xmlDocument;
     std::map<OdString, OdDbObjectId> m_namedObjectIds;
     std::vector<OdDbDatabasePtr> m_namedDatabases; // keep the ids above valid when a test closes its drawing

@@ -62,13 +62,17 @@ struct Command
     ScopedSdsSSetsHolder selectionSets;
 };
 
+/// What cannot be found is left out; why is said on the command line.
 bool readSSet(pugi::xml_node node, OdDbSelectionSetPtr const& pSSet, OdDbDatabase* database,
               std::map<OdString, OdDbObjectId> const& namedObjectIds)
 {
     for (pugi::xml_node const child : node.children(L"fullSubentPath")) {
         OdDbFullSubentPath path;
-        if (oa::read(child, database, path, nullptr, nullptr, &namedObjectIds))
+        OdString reason;
+        if (oa::read(child, database, path, &reason, nullptr, &namedObjectIds))
             pSSet->append(path);
+        else
+            ca::warningPrompt(L"fullSubentPath: " + reason);
     }
     return pSSet->numEntities() > 0;
 }

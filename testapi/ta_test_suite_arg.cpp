@@ -4,9 +4,9 @@
 
 #include "vorntest/vorn_test_bench.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <iterator>
-#include <ranges>
 
 namespace fs = std::filesystem;
 
@@ -112,8 +112,7 @@ void TestSuiteArgBase::addTests(CppUnit::TestBench* bench, pugi::xml_node const&
 std::wstring TestSuiteArgBase::suiteFile(pugi::xml_node const& node) const
 {
     // From the end: while the suite is being filled, it is the last one.
-    for (auto const& document : m_documents | std::views::reverse)
-        if (*document == node.root())
-            return document->path;
-    return {};
+    auto const isOrigin = [root = node.root()](auto const& document) { return *document == root; };
+    auto const found = std::find_if(m_documents.rbegin(), m_documents.rend(), isOrigin);
+    return found == m_documents.rend() ? std::wstring() : (*found)->path;
 }

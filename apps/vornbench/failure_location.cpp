@@ -54,7 +54,7 @@ TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntr
     if (record.location.file.empty())
         record.location = testLocation(entry);
     if (record.location.file.empty())
-        record.location = record.source;
+        record.location = {shownPath(record.source.file), record.source.line};
     return record;
 }
 

@@ -7,7 +7,51 @@
 #include "host/dxf/dxf_file.h"
 #include "host/ut/ut_file_name.h"
 
+#include <deque>
+
 namespace ca {
+
+namespace {
+
+/// Memory of closed documents that waits before it is given back, the oldest in front.
+struct Quarantine
+{
+    std::deque<void*> blocks;
+
+    ~Quarantine()
+    {
+        for (void* const block : blocks)
+            ::operator delete(block);
+    }
+    void take(void* block)
+    {
+        constexpr std::size_t kLongest = 256;
+        blocks.push_back(block);
+        if (blocks.size() <= kLongest)
+            return;
+        ::operator delete(blocks.front());
+        blocks.pop_front();
+    }
+};
+
+Quarantine& quarantine()
+{
+    static Quarantine s_quarantine;
+    return s_quarantine;
+}
+
+} // namespace
+
+void* CaDoc::operator new(std::size_t size)
+{
+    quarantine(); // made before the first document, so that it outlives the last
+    return ::operator new(size);
+}
+
+void CaDoc::operator delete(void* memory)
+{
+    quarantine().take(memory);
+}
 
 CaDoc::CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly)
     : ApDoc(std::move(drawing)),

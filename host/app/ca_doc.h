@@ -19,6 +19,11 @@ public:
     CaDoc(CaApp& application, OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly);
     ~CaDoc() override;
 
+    /// The address of a closed document is not used again until many others were closed, so that who remembers
+    /// documents by pointer does not take a new one for an old one.
+    static void* operator new(std::size_t size);
+    static void operator delete(void* memory);
+
     /// Distinguishes documents that were ever open; never used again.
     std::uint64_t serial() const { return m_serial; }
 

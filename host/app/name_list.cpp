@@ -20,6 +20,11 @@ OdString trimmed(OdString const& text)
     return OdString(rest);
 }
 
+bool isPattern(OdString const& name)
+{
+    return name.spanExcluding(L"*?").getLength() != name.getLength();
+}
+
 bool matches(OdString const& name, OdString const& entry)
 {
     return ut::matchesWildcard(name.str(), entry.str(), ut::ECase::kInsensitive);
@@ -46,11 +51,6 @@ std::vector<OdString> namesOfList(OdString const& list)
             names.push_back(name);
     }
     return names;
-}
-
-bool isPattern(OdString const& name)
-{
-    return name.spanExcluding(L"*?").getLength() != name.getLength();
 }
 
 std::vector<OdDbObjectId> recordsOfList(OdDbSymbolTable const& table, OdString const& list, wchar_t const* what)

@@ -11,8 +11,6 @@ namespace ca {
 /// The names and patterns of a list, without blanks around them; empty ones are left out.
 std::vector<OdString> namesOfList(OdString const& list);
 
-bool isPattern(OdString const& name);
-
 /// The records that a list names, in its order, each once. Throws AnswerRejected when it names none at all, or
 /// something that is not there; `what` says what kind of thing that is: "Layer".
 std::vector<OdDbObjectId> recordsOfList(OdDbSymbolTable const& table, OdString const& list, wchar_t const* what);

@@ -104,3 +104,12 @@ OdGeExtents3d OdDbEntity::extents() const
     outline(sink);
     return sink.extents();
 }
+
+void OdDbEntity::visitOwned(std::function<void(OdDbStub&)> const& visit) const
+{
+    OdDbObject::visitOwned(visit);
+    for (OdDbStub* const stub : subentities())
+        visit(*stub);
+    if (OdDbObjectId const end = sequenceEnd(); end.isValid())
+        visit(*end.stub());
+}

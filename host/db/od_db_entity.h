@@ -47,6 +47,7 @@ public:
 
 protected:
     OdDbEntity() = default;
+    void visitOwned(std::function<void(OdDbStub&)> const& visit) const override;
 
 private:
     OdDbObjectId m_layer;

@@ -115,6 +115,16 @@ void OdDbObject::erase(bool erasing)
     m_stub->erased = erasing;
     erasedStateChanged();
     db.noteChange();
+    visitOwned([erasing](OdDbStub& owned) {
+        OdDbObjectId(&owned).safeOpenObject(OdDb::kForWrite, true)->erase(erasing);
+    });
+}
+
+void OdDbObject::visitOwned(std::function<void(OdDbStub&)> const& visit) const
+{
+    OdDbObjectId const dictionary = m_extras ? m_extras.get()->extensionDictionary : OdDbObjectId();
+    if (dictionary.isValid())
+        visit(*dictionary.stub());
 }
 
 OdDbObjectPtr OdDbObject::clone() const

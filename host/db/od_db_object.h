@@ -39,8 +39,8 @@ public:
     bool isDBRO() const { return m_stub != nullptr; }
 
     bool isErased() const { return m_stub && m_stub->erased; }
-    /// Erases or brings back; the object stays addressable. Throws OdError(eNotInDatabase) without a drawing,
-    /// eNotOpenForWrite when not open for writing.
+    /// Erases or brings back, with all that belongs to the object (attributes, extension dictionary); the object
+    /// stays addressable. Throws OdError(eNotInDatabase) without a drawing, eNotOpenForWrite when not open for writing.
     void erase(bool erasing = true);
 
     bool isWriteEnabled() const { return !m_stub || m_openForWrite; }
@@ -89,6 +89,8 @@ public:
     /// @}
 
 protected:
+    /// Calls the visitor with each object that belongs to this one alone and goes with it.
+    virtual void visitOwned(std::function<void(OdDbStub&)> const& visit) const;
     /// Every setter calls this before it changes anything. Throws OdError(eNotOpenForWrite).
     void assertWriteEnabled();
     void onLastRelease() override;

@@ -8,7 +8,7 @@ OD_DEFINE_CLASS(OdDbSelectionSet, OdRxObject)
 
 OdDbSelectionSetPtr OdDbSelectionSet::create(OdDbDatabase* database)
 {
-    OdDbSelectionSetPtr const set(new OdDbSelectionSet);
+    OdDbSelectionSetPtr set(new OdDbSelectionSet);
     set->m_database = database;
     return set;
 }

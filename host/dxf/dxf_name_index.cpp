@@ -17,20 +17,23 @@ NameIndex::NameIndex(OdDbDatabase& database, TagSource const& source) : m_databa
     lookThroughTables();
 }
 
-/// Reads from the group 0 that `tag` holds to the next one; false at the end of the file.
+/// Reads from the group 0 that `tag` holds to the next one; false at the end of the file. Of repeated groups the
+/// same one counts as when the record is read in full.
 bool NameIndex::readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record)
 {
     record = {tag.text, {}, {}};
     int const handleCode = tag.text == "DIMSTYLE" ? 105 : 5;
-    bool hasMarker = false, hasName = false;
+    bool const isHead = tag.text == "TABLE";
+    bool hasMarker = false;
     while (source.next(tag)) {
         if (tag.code == 0)
             return true;
         if (tag.code == 100)
             hasMarker = true;
-        else if (tag.code == handleCode && tag.kind == OdDbTagKind::kHandle && !hasMarker)
+        else if (tag.code == handleCode && tag.kind == OdDbTagKind::kHandle && !hasMarker &&
+                 record.handle.isNull())
             record.handle = tag.handle();
-        else if (tag.code == 2 && !std::exchange(hasName, true))
+        else if (tag.code == 2 && (!isHead || record.name.empty()))
             record.name = tag.text;
     }
     return false;
@@ -53,7 +56,7 @@ void NameIndex::lookThroughTables()
         if (record.type == "TABLE") {
             table = odDbFindTableKind(record.name);
             if (table && m_database.getTableId(table->kind).isNull())
-                createTable(*table, record.handle);
+                createTable(*table, taken.insert(record.handle.value()).second ? record.handle : OdDbHandle());
         } else if (table && record.type == table->fileName) {
             noteRecord(table->kind, record, taken);
         }
@@ -93,6 +96,15 @@ OdDbObjectId NameIndex::find(OdDbTableKind kind, std::string_view utf8Name)
         return {};
     known.bySpelling.emplace(utf8Name, it->second);
     return it->second;
+}
+
+void NameIndex::noteRead(OdDbTableKind kind, OdDbSymbolTableRecord const& record)
+{
+    OdString const& name = record.getName();
+    if (name.isEmpty() || find(kind, name.toUtf8()).isValid())
+        return;
+    names(kind).byUpperName.insert_or_assign(name.upper(), record.objectId());
+    names(kind).bySpelling.clear();
 }
 
 OdDbObjectId NameIndex::byName(OdDbTableKind kind, std::string_view utf8Name)

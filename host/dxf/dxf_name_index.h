@@ -24,6 +24,8 @@ public:
 
     /// As byName, but null for a name that no record has.
     OdDbObjectId find(OdDbTableKind table, std::string_view utf8Name);
+    /// A record was read: its name stands for it unless it stands for another one already.
+    void noteRead(OdDbTableKind table, OdDbSymbolTableRecord const& record);
     /// The drawing's table, created if the file lacks it.
     OdDbSymbolTable& table(OdDbTableKind kind);
     /// Adds a record under a name that the file does not define.

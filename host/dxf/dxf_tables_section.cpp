@@ -25,12 +25,13 @@ void readTableRecord(Reading& reading, OdDbTableKindInfo const& kind, OdDbSymbol
 {
     OdSmartPtr<OdDbSymbolTableRecord> const record = OdRxObjectPtr(kind.recordClass()->create());
     RecordHead head = reading.readRecord(*record);
-    // Without a usable handle of its own the record has the one under which its name was found.
+    // What was read before refers to the record under the handle that came with its name.
     OdDbObjectId const found = reading.names().find(kind.kind, record->getName().toUtf8());
-    if (head.handle.isNull() && !found.isNull() && !found.isValid())
+    if (!found.isNull() && !found.isValid())
         head.handle = found.getHandle();
     reading.add(*record, table.objectId(), head);
     table.adopt(*record);
+    reading.names().noteRead(kind.kind, *record);
 }
 
 void readKnownTable(Reading& reading, OdDbTableKindInfo const& kind, OdDbTagList& unknownRecords)

@@ -2,6 +2,7 @@
 
 #include "host/root/od_error.h"
 
+#include <bit>
 #include <unordered_map>
 
 namespace {
@@ -74,14 +75,14 @@ OdDbSelectionSetPtr selectionSetOf(std::int64_t const* name)
 
 SdsName nameOf(OdDbObjectId id)
 {
-    return {{reinterpret_cast<std::intptr_t>(id.stub()), s_entityKind}};
+    return {{std::bit_cast<std::int64_t>(id.stub()), s_entityKind}};
 }
 
 OdDbObjectId objectIdOf(std::int64_t const* name)
 {
     if (!name || name[1] != s_entityKind)
         return {};
-    return OdDbObjectId(reinterpret_cast<OdDbStub*>(name[0]));
+    return OdDbObjectId(std::bit_cast<OdDbStub*>(name[0]));
 }
 
 } // namespace ca

@@ -46,7 +46,7 @@ public:
             char const* answer;
             char const* failure;
         };
-        std::string const attribute = "Expression: oa::readAttr(*it, attr_value, ";
+        std::string const attribute = "assertion failed|Expression: oa::readAttr(*it, attr_value, ";
         Row const rows[] = {
             {"<string/>", "val)|command LINE: unable to read value attribute for string node"},
             {"<real/>", "val)|command LINE: unable to read value attribute for real node"},
@@ -60,7 +60,7 @@ public:
             return m_folder.run("<t>\n<command name='LINE'><point value='0,0'/>" + answer + "</command></t>");
         };
         for (Row const& row : rows)
-            CPPUNIT_ASSERT_EQUAL("assertion failed|" + attribute + row.failure + place, failureFor(row.answer));
+            CPPUNIT_ASSERT_EQUAL(attribute + row.failure + place, failureFor(row.answer));
         std::string const noSet = "assertion failed|Expression: readSSet(*it, pSSet, instance.curDb(), "
                                   "instance.namedObjectIds())|command LINE: failed to create SSet" +
                                   place;

@@ -74,10 +74,9 @@ class UtilsTest : public CppUnit::TestFixture
 
     void linesOfNodes()
     {
-        std::string const cjk = "\xE6\xBC\xA2\xE5\xAD\x97"; // two characters of three bytes
         std::string commented = "<t>\n";
-        for (int i = 0; i < 20; ++i)
-            commented += "<!-- " + cjk + cjk + cjk + " -->\n";
+        for (int i = 0; i < 20; ++i) // characters of three bytes
+            commented += "<!-- \xE6\xBC\xA2\xE5\xAD\x97\xE6\xBC\xA2\xE5\xAD\x97 -->\n";
         struct Row
         {
             char const* what;

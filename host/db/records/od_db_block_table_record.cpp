@@ -190,3 +190,13 @@ bool OdDbBlockTableRecord::contains(OdDbObjectId other) const
     }
     return false;
 }
+
+void OdDbBlockTableRecord::visitOwned(std::function<void(OdDbStub&)> const& visit) const
+{
+    OdDbSymbolTableRecord::visitOwned(visit);
+    for (OdDbStub* const stub : m_entities)
+        visit(*stub);
+    for (OdDbStub* const stub : {m_frame.begin, m_frame.end})
+        if (stub)
+            visit(*stub);
+}

@@ -74,6 +74,9 @@ public:
     void completeFrame();
     /// @}
 
+protected:
+    void visitOwned(std::function<void(OdDbStub&)> const& visit) const override;
+
 private:
     struct Frame
     {

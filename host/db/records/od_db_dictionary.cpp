@@ -190,3 +190,11 @@ void OdDbDictionary::setTreatElementsAsHard(bool hard)
     assertWriteEnabled();
     m_isHardOwner = hard;
 }
+
+void OdDbDictionary::visitOwned(std::function<void(OdDbStub&)> const& visit) const
+{
+    OdDbObject::visitOwned(visit);
+    for (Entry const& entry : m_entries)
+        if (entry.id.isValid() && entry.id.stub()->object->ownerId() == objectId())
+            visit(*entry.id.stub());
+}

@@ -36,6 +36,7 @@ public:
 
 protected:
     static OdDbSection dictionarySection();
+    void visitOwned(std::function<void(OdDbStub&)> const& visit) const override;
 
 private:
     friend class OdDbDictionaryStep;

@@ -122,7 +122,7 @@ public:
             L"ERASE|W|0,0|1,1|BOX|0,0|1,1|R|ALL|A|900,900|901,901|",
             L"MOVE|ALL||D|1,1|COPY|ALL||O|M|0,0|1,1|U|2,2|",
             L"-LAYER|M|a|S||0,0|N|b|R|b|c|OFF|0|N|OFF||ALL||N|C|T|1,2,3|a|L|?|*|L||a|LW|1|a|P|N|a|D|text|a|?|*|",
-            L"-BLOCK|B|0,0|ALL||-INSERT|B|B|0,0|0,0|XYZ|C|1,1|2|3|45|-INSERT|B|S|2|R|0|5,5|-BLOCK|B|Y|0,0|ALL|",
+            L"-BLOCK|B|0,0|ALL||-INSERT|B|B|0,0|0,0|XYZ|C|1,1|3|45|-INSERT|B|S|2|R|0|5,5|-BLOCK|B|Y|0,0|ALL|",
             L"NEW|.|SAVEAS|/no/such/folder/a.dwg",
             L"LINE|0,0|1,0||CLOSE|Y|/no/such/folder/a.dwg",
         };

@@ -105,7 +105,8 @@ public:
         };
         for (auto const& each : cases) {
             std::string const script = OdString(each.script).toUtf8();
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(script + ": " + lastPrompt().toUtf8(), int(RTNORM), feed(each.script));
+            int const result = feed(each.script);
+            CPPUNIT_ASSERT_EQUAL_MESSAGE(script + ": " + lastPrompt().toUtf8(), int(RTNORM), result);
             CPPUNIT_ASSERT_EQUAL_MESSAGE(script, std::string(each.text),
                                          ca::SysVar::find(each.name)->text().toUtf8());
         }

@@ -37,6 +37,12 @@ class TestLayerCommand : public DrawScriptTest
     CPPUNIT_TEST_SUITE_END();
 
 public:
+    void setUp() override
+    {
+        DrawScriptTest::setUp();
+        addLinetype();
+    }
+
     void makesAndSetsCurrentLayers()
     {
         check({
@@ -260,13 +266,6 @@ private:
                                          feed(script));
             CPPUNIT_ASSERT_EQUAL_MESSAGE(script.toUtf8(), std::string(each.layers), layers());
         }
-    }
-
-public:
-    void setUp() override
-    {
-        DrawScriptTest::setUp();
-        addLinetype();
     }
 };
 

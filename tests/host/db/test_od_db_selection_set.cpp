@@ -34,7 +34,7 @@ class SelectionSetTest : public CppUnit::TestFixture
     OdDbObjectId id(std::size_t index) { return OdDbObjectId(&m_stubs[index]); }
     OdDbSelectionSetPtr setOf(std::initializer_list<std::size_t> indices)
     {
-        OdDbSelectionSetPtr const set = OdDbSelectionSet::create(&m_database);
+        OdDbSelectionSetPtr set = OdDbSelectionSet::create(&m_database);
         for (std::size_t const index : indices)
             set->append(id(index));
         return set;

@@ -4,6 +4,8 @@
 
 #include <cppunit/extensions/HelperMacros.h>
 
+#include <limits>
+
 namespace {
 
 class TextSourceTest : public CppUnit::TestFixture
