@@ -22,6 +22,18 @@ std::string replacedAll(std::string text, std::string const& what, std::string c
     return text;
 }
 
+/// The n-th block of XML in a Markdown text, counted from 0.
+std::string xmlBlock(std::string const& markdown, int number)
+{
+    std::string const begin = "\n```xml\n";
+    std::size_t at = markdown.find(begin);
+    for (; number > 0 && at != std::string::npos; --number)
+        at = markdown.find(begin, at + 1);
+    CPPUNIT_ASSERT(at != std::string::npos);
+    at += begin.size();
+    return markdown.substr(at, markdown.find("```", at) - at);
+}
+
 } // namespace
 
 class TestExamples : public CppUnit::TestFixture
@@ -30,6 +42,7 @@ class TestExamples : public CppUnit::TestFixture
     CPPUNIT_TEST(testsPassAndLeaveDrawingsAlone);
     CPPUNIT_TEST(failuresAreApproved);
     CPPUNIT_TEST(variablesInFileNames);
+    CPPUNIT_TEST(firstTestOfTheReadmePasses);
     CPPUNIT_TEST_SUITE_END();
 
     TempFolder m_folder;
@@ -95,6 +108,18 @@ private:
         std::string const expected =
             "Test file not found: " + m_place + "/suites/${VORN_EXAMPLES}/commands/environment.xml\n";
         CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find(expected) != std::string::npos);
+    }
+
+    void firstTestOfTheReadmePasses()
+    {
+        std::ifstream file(std::string(VORN_SOURCE_DIR) + "/README.md");
+        std::string const readme{std::istreambuf_iterator<char>(file), {}};
+        m_folder.write("line.xml", xmlBlock(readme, 0));
+        m_folder.write("suite.xml", xmlBlock(readme, 1));
+        m_folder.write("tests.xml", xmlBlock(readme, 2));
+        ProgramRun const run = runProgram({VORN_BENCH_PROGRAM, "run", "tests.xml", "-q"}, m_folder.path());
+        CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out + run.err, 0, run.exitCode);
+        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.starts_with("1 test: 1 passed in "));
     }
 };
 
