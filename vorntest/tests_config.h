@@ -42,12 +42,12 @@ struct SuiteConfig
 ///       </suite>
 ///     </testsConfig>
 ///
-/// basePath   folder that relative paths of masks and modules count from; environment variables are expanded, and it
-///            is itself relative to the folder of the configuration file. Without one: that folder.
-/// <module>   a plain name is a module of the installation, a text with "/" the path of a library.
-/// <suite>    run="explicit" keeps a suite out of runs that do not name it. The settings mode, reference_folder,
-///            output_folder, repeatCount, plotstyles_folder and precision are attributes, a suite's own ones <param>
-///            elements. Several elements of one name are joined: masks in order, later settings win.
+/// - basePath: the folder that relative paths of masks and modules count from. Environment variables are expanded,
+///   and it is itself relative to the folder of the configuration file, which is also what it is when absent.
+/// - module: a plain name is a module of the installation, a text with "/" the path of a library.
+/// - suite: run="explicit" keeps it out of runs that do not name it. The settings mode, reference_folder,
+///   output_folder, repeatCount, plotstyles_folder and precision are attributes, a suite's own settings are param
+///   elements. Several elements of one name are joined: masks in order, later settings win.
 ///
 /// What it does not know is an error, so that a misspelt setting never goes unnoticed.
 class TestsConfig
