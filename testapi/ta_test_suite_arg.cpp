@@ -89,8 +89,9 @@ void TestSuiteArgBase::createTests(CppUnit::TestBench* bench, vorntest::ConfigNo
 
 void TestSuiteArgBase::addTests(CppUnit::TestBench* bench, std::wstring const& path, vorntest::ConfigNode const*)
 {
+    // The parser takes the size of a folder, which masks may match as well, for that of a huge file.
     auto document = std::make_unique<SuiteDocument>();
-    if (!document->load_file(path.c_str()))
+    if (!ut::fileExists(path) || !document->load_file(path.c_str()))
         return;
     pugi::xml_node const root = document->document_element();
     if (root.name() != s_suiteElement || ta::wcstombs(root.attribute(L"name").value()) != getName())

@@ -7,13 +7,6 @@
 #include <cstdlib>
 #include <unordered_map>
 
-OdRxClass* OdRxObject::desc()
-{
-    static OdRxClass s_class(L"OdRxObject", nullptr, nullptr);
-    return &s_class;
-}
-static OdRxClassRegistrar const s_registerOdRxObject(&OdRxObject::desc);
-
 OdRxClass::OdRxClass(wchar_t const* name, DescFunction parent, FactoryFunction factory)
     : m_name(name), m_parent(parent ? parent() : nullptr), m_create(factory)
 {

@@ -29,7 +29,7 @@ public:
 
 protected:
     /// Called when the count falls to the level that nobody but the owner holds; deletes by default.
-    virtual void onLastRelease() { delete this; }
+    virtual void onLastRelease();
     /// An owner that holds one reference of its own asks to be told when all others are gone.
     void setOwnedByOne(bool owned) { m_closeAt = owned ? 1 : 0; }
 
