@@ -6,9 +6,9 @@
 #include <cppunit/TestResult.h>
 #include <cppunit/TestResultCollector.h>
 
-#include <unistd.h>
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 namespace {
 
@@ -18,7 +18,8 @@ class TestFile
 public:
     TestFile()
     {
-        m_path = std::filesystem::temp_directory_path() / ("bench_command_test." + std::to_string(getpid()) + ".xml");
+        m_path =
+            std::filesystem::temp_directory_path() / ("bench_command_test." + std::to_string(getpid()) + ".xml");
         std::ofstream(m_path) << R"(<test>
   <command name="_LINE" nameEntities="L1">
     <point value="0,0,0"/>

@@ -46,8 +46,8 @@ void runEmptyTests(benchmark::State& state)
         if (summary.counts.done() != static_cast<std::size_t>(count))
             state.SkipWithError("not all tests ran");
     }
-    state.counters["per test"] = benchmark::Counter(
-        static_cast<double>(state.iterations()) * count, benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["per test"] = benchmark::Counter(static_cast<double>(state.iterations()) * count,
+                                                    benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(runEmptyTests)->Arg(10'000)->Unit(benchmark::kMillisecond);
 

@@ -50,7 +50,8 @@ bool CommandProcessor::feed(std::vector<Input> answers)
         return false;
     }
     ScopedFlag const pumping(m_isPumping);
-    m_queue.insert(m_queue.end(), std::make_move_iterator(answers.begin()), std::make_move_iterator(answers.end()));
+    m_queue.insert(m_queue.end(), std::make_move_iterator(answers.begin()),
+                   std::make_move_iterator(answers.end()));
     try {
         pump();
         return true;

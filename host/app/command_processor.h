@@ -12,9 +12,9 @@ namespace ca {
 
 struct CoordinateFrame;
 
-/// Runs commands. Answers come in one queue, whoever gives them; a command that finds the queue empty stays suspended
-/// with its prompt on the command line until the next answers come or it is cancelled. Commands may run inside
-/// others (transparent ones); the innermost gets the answers.
+/// Runs commands. Answers come in one queue, whoever gives them; a command that finds the queue empty stays
+/// suspended with its prompt on the command line until the next answers come or it is cancelled. Commands may run
+/// inside others (transparent ones); the innermost gets the answers.
 class CommandProcessor
 {
 public:
@@ -25,9 +25,10 @@ public:
 
     static CommandProcessor& get();
 
-    /// Gives answers to the waiting command, or, while none waits, begins with the name of one. Returns when all are
-    /// used up or one was refused: true, or false with the reason on the command line, the command cancelled and the
-    /// rest dropped. Surplus answers are the next commands. An empty text while no command waits is ignored.
+    /// Gives answers to the waiting command, or, while none waits, begins with the name of one. Returns when all
+    /// are used up or one was refused: true, or false with the reason on the command line, the command cancelled
+    /// and the rest dropped. Surplus answers are the next commands. An empty text while no command waits is
+    /// ignored.
     bool feed(std::vector<Input> answers);
     /// Cancels the waiting command and all that it runs inside.
     void cancelAll();
@@ -39,8 +40,9 @@ public:
     /// Cancels the suspended commands of a document that goes.
     void documentClosing(CaDoc const* document);
 
-    /// Gives code that waits for an idle moment its turn; queued functions run in order, also those that are queued
-    /// meanwhile. An exception stops and reaches the caller; functions behind the one that threw stay queued.
+    /// Gives code that waits for an idle moment its turn; queued functions run in order, also those that are
+    /// queued meanwhile. An exception stops and reaches the caller; functions behind the one that threw stay
+    /// queued.
     void processIdle();
     void queueForIdle(std::function<void()> function) { m_idleQueue.push_back(std::move(function)); }
 

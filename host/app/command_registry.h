@@ -10,7 +10,8 @@ namespace ca {
 class Editor;
 
 /// What is special about a command.
-enum ECommandFlags : unsigned {
+enum ECommandFlags : unsigned
+{
     kPlain = 0,
     kTransparent = 1,    ///< may run inside another command, with "'" in front of its name
     kNoUndoRecord = 2,   ///< its changes are no step of their own for U

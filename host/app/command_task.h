@@ -68,8 +68,8 @@ public:
 
 } // namespace detail
 
-/// A coroutine that runs when it is awaited and owns its frame: destroying a suspended task destroys everything that
-/// it awaits, innermost first, as leaving a scope does.
+/// A coroutine that runs when it is awaited and owns its frame: destroying a suspended task destroys everything
+/// that it awaits, innermost first, as leaving a scope does.
 template <class T = void>
 class [[nodiscard]] Task
 {

@@ -84,7 +84,10 @@ public:
     void setLastPoint(OdGePoint3d const& point);
 
 private:
-    PendingPrompt ask(EAnswerKind kind, Prompt prompt) { return PendingPrompt(m_processor, kind, std::move(prompt)); }
+    PendingPrompt ask(EAnswerKind kind, Prompt prompt)
+    {
+        return PendingPrompt(m_processor, kind, std::move(prompt));
+    }
 
     CommandProcessor& m_processor;
     CaDoc* m_document;

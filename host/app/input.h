@@ -10,7 +10,8 @@
 
 namespace ca {
 
-/// One answer as it comes in, before a prompt has made sense of it. Points are in the current user coordinate system.
+/// One answer as it comes in, before a prompt has made sense of it. Points are in the current user coordinate
+/// system.
 struct Input
 {
     struct Enter

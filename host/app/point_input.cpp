@@ -37,7 +37,8 @@ std::optional<Coordinates> parsePolar(std::wstring_view text, std::size_t separa
     if (!ut::parseReal(text.substr(0, separator), distance) || rest.empty() || rest.size() > 2)
         return std::nullopt;
     double const angle = rest[0] * (OdaPI / 180.0);
-    OdGePoint3d const point(distance * std::cos(angle), distance * std::sin(angle), rest.size() == 2 ? rest[1] : 0);
+    OdGePoint3d const point(distance * std::cos(angle), distance * std::sin(angle),
+                            rest.size() == 2 ? rest[1] : 0);
     return Coordinates{point, rest.size() == 2};
 }
 

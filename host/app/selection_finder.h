@@ -15,12 +15,14 @@ class SelectionFinder
 public:
     explicit SelectionFinder(CaDoc const& document);
 
-    enum class EMode {
+    enum class EMode
+    {
         kWindow,  ///< wholly inside
         kCrossing ///< inside or touching
     };
     /// Corners in world coordinates, in any order.
-    std::vector<OdDbObjectId> inRectangle(OdGePoint3d const& corner, OdGePoint3d const& opposite, EMode mode) const;
+    std::vector<OdDbObjectId> inRectangle(OdGePoint3d const& corner, OdGePoint3d const& opposite,
+                                          EMode mode) const;
     /// The topmost entity within the pick box around a point; null when there is none.
     OdDbObjectId at(OdGePoint3d const& point) const;
     /// All that is not on frozen layers.

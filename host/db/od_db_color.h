@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-/// Color of an entity or layer: an index of the standard palette (1 to 255), by block (0), by layer (256), or a true
-/// color, which goes with the index nearest to it.
+/// Color of an entity or layer: an index of the standard palette (1 to 255), by block (0), by layer (256), or a
+/// true color, which goes with the index nearest to it.
 class OdCmColor
 {
 public:
@@ -12,7 +12,8 @@ public:
 
     constexpr OdCmColor() = default;
     constexpr explicit OdCmColor(std::int16_t index) : m_index(index) {}
-    static constexpr OdCmColor trueColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::int16_t nearest)
+    static constexpr OdCmColor trueColor(std::uint8_t red, std::uint8_t green, std::uint8_t blue,
+                                         std::int16_t nearest)
     {
         OdCmColor color(nearest);
         color.m_rgb = red << 16 | green << 8 | blue;

@@ -117,7 +117,9 @@ void OdDbDatabase::setTILEMODE(bool on)
 class OdDbCurrentStep : public OdDbUndoStep
 {
 public:
-    OdDbCurrentStep(OdDbTableKind kind, OdDbObjectId before) : m_kind(static_cast<std::size_t>(kind)), m_id(before) {}
+    OdDbCurrentStep(OdDbTableKind kind, OdDbObjectId before) : m_kind(static_cast<std::size_t>(kind)), m_id(before)
+    {
+    }
     void revert(OdDbDatabase& database) override
     {
         std::swap(database.m_current[m_kind], m_id);

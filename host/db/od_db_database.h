@@ -10,8 +10,8 @@
 
 class OdDbSymbolTable;
 
-/// A drawing: owner of all its objects, found by handle. Objects that something still points to when the drawing goes
-/// live on without it.
+/// A drawing: owner of all its objects, found by handle. Objects that something still points to when the drawing
+/// goes live on without it.
 class OdDbDatabase : public OdDbObject
 {
     OD_DECLARE_CLASS(OdDbDatabase)
@@ -61,16 +61,16 @@ public:
     void setHeaderPoint(std::string_view name, OdGePoint3d const& value, int coordinates = 3);
     void setHeaderText(std::string_view name, int code, OdString const& value);
 
-    /// The object of a handle, erased ones included, or a null id. With `create`, an unknown handle gets an id that
-    /// becomes valid when an object with that handle is added. Handle 0 is the null id.
+    /// The object of a handle, erased ones included, or a null id. With `create`, an unknown handle gets an id
+    /// that becomes valid when an object with that handle is added. Handle 0 is the null id.
     OdDbObjectId getOdDbObjectId(OdDbHandle handle, bool create = false);
     /// The handle that the next new object gets.
     OdDbHandle handseed() const { return m_handseed; }
-    /// Raises the next handle to at least this one; filers call it before they add objects. Absurdly large handles,
-    /// as damaged files hold them, leave it: the handles after them would run out.
+    /// Raises the next handle to at least this one; filers call it before they add objects. Absurdly large
+    /// handles, as damaged files hold them, leave it: the handles after them would run out.
     void raiseHandseed(OdDbHandle seed);
-    /// Makes the object part of the drawing under a new handle or the one given. The caller puts it where it belongs
-    /// (a block, a table). Throws OdError: eAlreadyInDb, eDuplicateKey (the handle is taken).
+    /// Makes the object part of the drawing under a new handle or the one given. The caller puts it where it
+    /// belongs (a block, a table). Throws OdError: eAlreadyInDb, eDuplicateKey (the handle is taken).
     OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle = {});
     /// Objects of no table and no block (dictionaries, layouts, unknown ones), in order of adding.
     std::vector<OdDbStub*> const& fileObjects() const { return m_fileObjects; }

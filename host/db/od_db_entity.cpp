@@ -30,8 +30,8 @@ OdDbSection OdDbEntity::entitySection()
         odField<&OdDbEntity::m_linetypeScale>(48),
         odField<&OdDbEntity::m_invisible>(60),
     };
-    // clang-format on
-    return {"AcDbEntity", s_fields, nullptr, &writePaperSpaceFlag};
+// clang-format on
+return {"AcDbEntity", s_fields, nullptr, &writePaperSpaceFlag};
 }
 
 void OdDbEntity::setColor(OdCmColor const& color)

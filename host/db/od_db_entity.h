@@ -30,8 +30,8 @@ public:
     /// current text style too.
     virtual void setDatabaseDefaults(OdDbDatabase& database);
 
-    /// Moves, turns, scales the entity; eOk, or an error that leaves it as it was: eNotApplicable for entities that
-    /// the host only keeps, eDegenerateGeometry for a transformation that the class cannot take.
+    /// Moves, turns, scales the entity; eOk, or an error that leaves it as it was: eNotApplicable for entities
+    /// that the host only keeps, eDegenerateGeometry for a transformation that the class cannot take.
     virtual OdResult transformBy(OdGeMatrix3d const& transformation);
     /// Gives the true geometry to the receiver; nothing for entities that the host only keeps.
     virtual void outline(OdDbOutlineSink& sink) const;

@@ -9,8 +9,8 @@
 #include <unordered_map>
 #include <vector>
 
-/// The header variables of a drawing, in the order of its file. Variables that the host does not know are kept like
-/// all others. Names carry no "$".
+/// The header variables of a drawing, in the order of its file. Variables that the host does not know are kept
+/// like all others. Names carry no "$".
 class OdDbHeader
 {
 public:

@@ -7,8 +7,8 @@
 /// What only some objects have: everything around the fields of the class that a drawing file can hold.
 struct OdDbObjectExtras
 {
-    /// Tags that no field takes, kept with the group of the field table after which they stood; `marker` is empty for
-    /// tags within that group, else the subclass marker of a section that the host does not know.
+    /// Tags that no field takes, kept with the group of the field table after which they stood; `marker` is empty
+    /// for tags within that group, else the subclass marker of a section that the host does not know.
     struct Section
     {
         int group;
@@ -22,8 +22,8 @@ struct OdDbObjectExtras
     OdDbTagList extendedData; ///< from the first 1001 to the end
 };
 
-/// Base of everything that a drawing holds. An object without drawing can be changed freely; one in a drawing has to
-/// be opened, and its first change within an undo record keeps a before-image of its fields.
+/// Base of everything that a drawing holds. An object without drawing can be changed freely; one in a drawing has
+/// to be opened, and its first change within an undo record keeps a before-image of its fields.
 class OdDbObject : public OdRxObject
 {
     OD_DECLARE_CLASS(OdDbObject)
@@ -40,7 +40,8 @@ public:
 
     bool isErased() const { return m_stub && m_stub->erased; }
     /// Erases or brings back, with all that belongs to the object (attributes, extension dictionary); the object
-    /// stays addressable. Throws OdError(eNotInDatabase) without a drawing, eNotOpenForWrite when not open for writing.
+    /// stays addressable. Throws OdError(eNotInDatabase) without a drawing, eNotOpenForWrite when not open for
+    /// writing.
     void erase(bool erasing = true);
 
     bool isWriteEnabled() const { return !m_stub || m_openForWrite; }
@@ -109,20 +110,20 @@ private:
 };
 
 /// In the class body of a database class, after OD_DECLARE_CLASS' job: fields and before-images.
-#define OD_DB_DECLARE_CLASS(Class)                                                                                    \
-    OD_DECLARE_CLASS(Class)                                                                                           \
-    static OdDbFieldTable const& fields();                                                                            \
-    OdDbFieldTable const& fieldTable() const override                                                                 \
-    {                                                                                                                 \
-        return Class::fields();                                                                                       \
-    }                                                                                                                 \
-    OdDbObject* copyFields() const override                                                                           \
-    {                                                                                                                 \
-        return new Class(*this);                                                                                      \
-    }                                                                                                                 \
-    void assignFields(OdDbObject const& image) override                                                               \
-    {                                                                                                                 \
-        *this = static_cast<Class const&>(image);                                                                     \
+#define OD_DB_DECLARE_CLASS(Class)                                                                                \
+    OD_DECLARE_CLASS(Class)                                                                                       \
+    static OdDbFieldTable const& fields();                                                                        \
+    OdDbFieldTable const& fieldTable() const override                                                             \
+    {                                                                                                             \
+        return Class::fields();                                                                                   \
+    }                                                                                                             \
+    OdDbObject* copyFields() const override                                                                       \
+    {                                                                                                             \
+        return new Class(*this);                                                                                  \
+    }                                                                                                             \
+    void assignFields(OdDbObject const& image) override                                                           \
+    {                                                                                                             \
+        *this = static_cast<Class const&>(image);                                                                 \
     }
 
 /// Puts a class under its name in drawing files; see od_db_class_registry.h.
@@ -132,6 +133,6 @@ struct OdDbClassRegistrar
 };
 
 /// In the source file: the class record and the name in drawing files.
-#define OD_DB_DEFINE_CLASS(Class, Parent, dxfName)                                                                    \
-    OD_DEFINE_CLASS(Class, Parent)                                                                                    \
+#define OD_DB_DEFINE_CLASS(Class, Parent, dxfName)                                                                \
+    OD_DEFINE_CLASS(Class, Parent)                                                                                \
     static OdDbClassRegistrar const s_registerFile##Class(dxfName, &Class::desc);

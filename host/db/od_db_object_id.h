@@ -10,7 +10,12 @@ class OdDbObject;
 using OdDbObjectPtr = OdSmartPtr<OdDbObject>;
 
 namespace OdDb {
-enum OpenMode { kNotOpen, kForRead, kForWrite };
+enum OpenMode
+{
+    kNotOpen,
+    kForRead,
+    kForWrite
+};
 } // namespace OdDb
 
 /// What stands behind an object id; it outlives erasing and lives as long as its drawing.

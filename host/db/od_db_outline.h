@@ -5,7 +5,8 @@
 #include <span>
 
 /// Receives the true geometry of an entity in world coordinates: what selection, extents and pictures work from.
-/// Names tell the subject: only pieces whose affine image is of the same kind, so that blocks can be looked through.
+/// Names tell the subject: only pieces whose affine image is of the same kind, so that blocks can be looked
+/// through.
 class OdDbOutlineSink
 {
 public:

@@ -2,8 +2,8 @@
 
 #include "host/db/od_db_entity.h"
 
-// Records of classes that the host does not know: what can be understood of any entity is read into fields, all other
-// tags are kept as they stand and written back.
+// Records of classes that the host does not know: what can be understood of any entity is read into fields, all
+// other tags are kept as they stand and written back.
 
 /// An entity of a class that the host does not know. It can be erased and change its layer and color, but has no
 /// geometry: it cannot be transformed or picked.

@@ -30,8 +30,14 @@ public:
     bool empty() const { return m_items.empty(); }
     bool isEmpty() const { return m_items.empty(); }
     void clear() { m_items.clear(); }
-    void reserve(size_type count) { guardGrowth([&] { m_items.reserve(count); }); }
-    void resize(size_type count) { guardGrowth([&] { m_items.resize(count); }); }
+    void reserve(size_type count)
+    {
+        guardGrowth([&] { m_items.reserve(count); });
+    }
+    void resize(size_type count)
+    {
+        guardGrowth([&] { m_items.resize(count); });
+    }
 
     T& operator[](size_type index) { return m_items[checked(index)]; }
     T const& operator[](size_type index) const { return m_items[checked(index)]; }

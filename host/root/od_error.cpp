@@ -52,8 +52,9 @@ OdError::OdError(OdResult code, OdString description)
 }
 
 OdError_NotThatKindOfClass::OdError_NotThatKindOfClass(OdRxClass const* from, OdRxClass const* to)
-    : OdError(eNotThatKindOfClass, odFormat(L"Object of class %ls is not of class %ls", from->name().c_str(),
-                                            to->name().c_str())),
-      m_from(from), m_to(to)
+    : OdError(eNotThatKindOfClass,
+              odFormat(L"Object of class %ls is not of class %ls", from->name().c_str(), to->name().c_str())),
+      m_from(from),
+      m_to(to)
 {
 }

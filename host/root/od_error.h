@@ -5,7 +5,8 @@
 #include <exception>
 
 /// Result codes of accessors and the codes that OdError carries.
-enum OdResult {
+enum OdResult
+{
     eOk = 0,
     eInvalidInput,
     eInvalidIndex,

@@ -39,30 +39,30 @@ private:
 };
 
 /// In the class body: the class record and the exact class.
-#define OD_DECLARE_CLASS(Class)                                                                                       \
-public:                                                                                                               \
-    static OdRxClass* desc();                                                                                         \
-    OdRxClass* isA() const override                                                                                   \
-    {                                                                                                                 \
-        return Class::desc();                                                                                         \
+#define OD_DECLARE_CLASS(Class)                                                                                   \
+public:                                                                                                           \
+    static OdRxClass* desc();                                                                                     \
+    OdRxClass* isA() const override                                                                               \
+    {                                                                                                             \
+        return Class::desc();                                                                                     \
     }
 
 /// In the source file, for a class with a default constructor.
-#define OD_DEFINE_CLASS(Class, Parent)                                                                                \
-    OdRxClass* Class::desc()                                                                                          \
-    {                                                                                                                 \
-        static OdRxClass s_class(L## #Class, &Parent::desc, []() -> OdRxObject* { return new Class; });               \
-        return &s_class;                                                                                              \
-    }                                                                                                                 \
+#define OD_DEFINE_CLASS(Class, Parent)                                                                            \
+    OdRxClass* Class::desc()                                                                                      \
+    {                                                                                                             \
+        static OdRxClass s_class(L## #Class, &Parent::desc, []() -> OdRxObject* { return new Class; });           \
+        return &s_class;                                                                                          \
+    }                                                                                                             \
     static OdRxClassRegistrar const s_register##Class(&Class::desc);
 
 /// In the source file, for a class that cannot be created by itself.
-#define OD_DEFINE_ABSTRACT_CLASS(Class, Parent)                                                                       \
-    OdRxClass* Class::desc()                                                                                          \
-    {                                                                                                                 \
-        static OdRxClass s_class(L## #Class, &Parent::desc, nullptr);                                                 \
-        return &s_class;                                                                                              \
-    }                                                                                                                 \
+#define OD_DEFINE_ABSTRACT_CLASS(Class, Parent)                                                                   \
+    OdRxClass* Class::desc()                                                                                      \
+    {                                                                                                             \
+        static OdRxClass s_class(L## #Class, &Parent::desc, nullptr);                                             \
+        return &s_class;                                                                                          \
+    }                                                                                                             \
     static OdRxClassRegistrar const s_register##Class(&Class::desc);
 
 /// Cast that gives null for an object of another class.

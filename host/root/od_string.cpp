@@ -3,9 +3,9 @@
 
 #include <cstdarg>
 #include <cstdlib>
-#include <iterator>
 #include <cwchar>
 #include <cwctype>
+#include <iterator>
 #include <locale.h>
 
 namespace {
@@ -65,11 +65,11 @@ void appendUtf8(std::string& out, char32_t ch)
 /// One conversion of a format: "%-8.3lf" and what follows from it.
 struct Conversion
 {
-    std::wstring text;        ///< with "*" replaced by the values
+    std::wstring text; ///< with "*" replaced by the values
     std::size_t precision = OdString::npos;
     std::size_t width = 0;
     bool toLeft = false;
-    std::wstring length;      ///< h, hh, l, ll or nothing
+    std::wstring length; ///< h, hh, l, ll or nothing
     wchar_t kind = 0;
 };
 

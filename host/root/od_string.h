@@ -41,7 +41,8 @@ public:
 
     /// Removes up to `count` characters at `first`; removing past the end is not an error.
     OdString& deleteChars(std::size_t first, std::size_t count);
-    /// Replaces every occurrence, from left to right; an empty `from` replaces nothing. Returns the number replaced.
+    /// Replaces every occurrence, from left to right; an empty `from` replaces nothing. Returns the number
+    /// replaced.
     std::size_t replace(std::wstring_view from, std::wstring_view to);
     OdString& makeUpper();
     OdString& makeLower();

@@ -109,8 +109,7 @@ Task<> copyRepeatedly(Editor& editor, Ids const& ids, OdGePoint3d base, bool isS
         if (answer.isKeyword(L"Exit") || (answer.isNone() && !rounds.empty()))
             break;
         bool const isDisplacement = answer.isNone();
-        rounds.push_back(
-            copyBy(editor, ids, isDisplacement ? displacementOf(editor, base) : answer.point - base));
+        rounds.push_back(copyBy(editor, ids, isDisplacement ? displacementOf(editor, base) : answer.point - base));
         if (isDisplacement || isSingle)
             break;
     }
@@ -122,8 +121,9 @@ Task<> askCopyMode(Editor& editor)
 {
     SysVar const& mode = *SysVar::find(kCopyMode);
     bool const isSingle = std::get<int>(mode.value(&editor.doc())) != 0;
-    Answer const answer = co_await editor.keyword(
-        Prompt(L"Enter a copy mode option").keywords(L"Single Multiple").defaultText(isSingle ? L"Single" : L"Multiple"));
+    Answer const answer = co_await editor.keyword(Prompt(L"Enter a copy mode option")
+                                                      .keywords(L"Single Multiple")
+                                                      .defaultText(isSingle ? L"Single" : L"Multiple"));
     if (answer.isKeyword())
         mode.set(answer.isKeyword(L"Single") ? 1 : 0, &editor.doc());
 }

@@ -16,7 +16,8 @@
 /// section; reading, writing, defaults and audits all work from that list.
 
 /// The symbol tables that a field may name a record of.
-enum class OdDbTableKind : std::uint8_t {
+enum class OdDbTableKind : std::uint8_t
+{
     kBlock,
     kLayer,
     kLinetype,
@@ -29,7 +30,8 @@ enum class OdDbTableKind : std::uint8_t {
 };
 inline constexpr std::size_t kOdDbTableKinds = 9;
 
-enum class OdDbFieldKind : std::uint8_t {
+enum class OdDbFieldKind : std::uint8_t
+{
     kReal,
     kAngle,
     kInt8,
@@ -44,7 +46,11 @@ enum class OdDbFieldKind : std::uint8_t {
 };
 
 /// When a field is written that equals its default and was not in the file that the object came from.
-enum class OdDbWriteRule : std::uint8_t { kAlways, kNotDefault };
+enum class OdDbWriteRule : std::uint8_t
+{
+    kAlways,
+    kNotDefault
+};
 
 /// One field: group code, place in the object, rule.
 struct OdDbField
@@ -119,10 +125,10 @@ constexpr OdDbField odNameField(int code, OdDbTableKind table, OdDbWriteRule rul
 
 class OdDbReferenceResolver;
 
-/// Fields below one subclass marker. What a list of fields cannot say (vertices, dash elements, entries) is read and
-/// written by the tail functions: readTail takes a tag, or says that it is not its own; writeTail writes after the
-/// fields; readReference takes tags that hold the handle of another object. Two sections may carry the same marker; a
-/// tag below it is looked for in both.
+/// Fields below one subclass marker. What a list of fields cannot say (vertices, dash elements, entries) is read
+/// and written by the tail functions: readTail takes a tag, or says that it is not its own; writeTail writes after
+/// the fields; readReference takes tags that hold the handle of another object. Two sections may carry the same
+/// marker; a tag below it is looked for in both.
 struct OdDbSection
 {
     std::string_view marker;

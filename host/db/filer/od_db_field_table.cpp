@@ -22,7 +22,8 @@ T& as(void* place)
 template <class T>
 T clampedTo(std::int64_t value)
 {
-    return static_cast<T>(std::clamp<std::int64_t>(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
+    return static_cast<T>(
+        std::clamp<std::int64_t>(value, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
 }
 
 void store(OdDbField const& field, void* place, OdDbTag const& tag, OdDbReferenceResolver& resolver)
@@ -136,7 +137,8 @@ void OdDbFieldTable::indexSection(int number)
     int fieldNumber = m_firstField[index];
     for (OdDbField const& field : m_sections[index].fields) {
         for (int k = 0; k < coordinatesOf(field.kind); ++k)
-            target.fieldOfCode[static_cast<std::size_t>(field.code + 10 * k)] = static_cast<std::int16_t>(fieldNumber);
+            target.fieldOfCode[static_cast<std::size_t>(field.code + 10 * k)] =
+                static_cast<std::int16_t>(fieldNumber);
         ++fieldNumber;
     }
 }
@@ -160,7 +162,8 @@ bool OdDbFieldTable::read(OdDbObject& object, int group, OdDbTag const& tag, OdD
 bool OdDbFieldTable::readInGroup(OdDbObject& object, Group const& group, OdDbTag const& tag,
                                  OdDbReferenceResolver& resolver) const
 {
-    int const number = tag.code >= 0 && tag.code <= kLastCode ? group.fieldOfCode[static_cast<std::size_t>(tag.code)] : -1;
+    int const number =
+        tag.code >= 0 && tag.code <= kLastCode ? group.fieldOfCode[static_cast<std::size_t>(tag.code)] : -1;
     if (number >= 0) {
         OdDbField const& field = m_fields[static_cast<std::size_t>(number)];
         if (takes(field, tag)) {
@@ -173,7 +176,8 @@ bool OdDbFieldTable::readInGroup(OdDbObject& object, Group const& group, OdDbTag
         OdDbSection const& section = m_sections[static_cast<std::size_t>(sectionNumber)];
         if (section.readTail && section.readTail(object, tag))
             return true;
-        if (section.readReference && tag.kind == OdDbTagKind::kHandle && section.readReference(object, tag, resolver))
+        if (section.readReference && tag.kind == OdDbTagKind::kHandle &&
+            section.readReference(object, tag, resolver))
             return true;
     }
     return false;

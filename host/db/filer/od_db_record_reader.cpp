@@ -39,7 +39,7 @@ void OdDbRecordReader::put(OdDbTag const& tag)
 bool OdDbRecordReader::takeEnvelope(OdDbTag const& tag)
 {
     if (tag.code == kBraces && tag.text.starts_with('{')) {
-        m_braces = m_hasMarker                            ? EBraces::kOther
+        m_braces = m_hasMarker                       ? EBraces::kOther
                    : tag.text == "{ACAD_XDICTIONARY" ? EBraces::kExtensionDictionary
                    : tag.text == "{ACAD_REACTORS"    ? EBraces::kReactors
                                                      : EBraces::kOther;
@@ -47,7 +47,8 @@ bool OdDbRecordReader::takeEnvelope(OdDbTag const& tag)
             takeGroupTag(tag);
         return true;
     }
-    if (tag.code == kPaperSpace && tag.kind == OdDbTagKind::kInteger && m_group <= 0 && odCast<OdDbEntity>(&m_object)) {
+    if (tag.code == kPaperSpace && tag.kind == OdDbTagKind::kInteger && m_group <= 0 &&
+        odCast<OdDbEntity>(&m_object)) {
         m_isInPaperSpace = tag.integer != 0;
         return true;
     }

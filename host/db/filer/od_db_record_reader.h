@@ -2,8 +2,8 @@
 
 #include "host/db/od_db_object.h"
 
-/// Reads the tags of one record (what follows "0 NAME" up to the next 0) into a new object that has no drawing yet.
-/// Every tag finds a place: a field, an envelope item (handle, owner, reactors ...), or the object's extras.
+/// Reads the tags of one record (what follows "0 NAME" up to the next 0) into a new object that has no drawing
+/// yet. Every tag finds a place: a field, an envelope item (handle, owner, reactors ...), or the object's extras.
 class OdDbRecordReader
 {
 public:
@@ -18,7 +18,13 @@ public:
     bool isInPaperSpace() const { return m_isInPaperSpace; }
 
 private:
-    enum class EBraces { kNone, kExtensionDictionary, kReactors, kOther };
+    enum class EBraces
+    {
+        kNone,
+        kExtensionDictionary,
+        kReactors,
+        kOther
+    };
 
     bool takeEnvelope(OdDbTag const& tag);
     void takeGroupTag(OdDbTag const& tag);

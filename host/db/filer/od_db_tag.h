@@ -6,7 +6,14 @@
 #include <string_view>
 
 /// What kind of value a tag holds. The kind follows from the group code, except for damaged files.
-enum class OdDbTagKind : std::uint8_t { kText, kReal, kInteger, kHandle, kBinary };
+enum class OdDbTagKind : std::uint8_t
+{
+    kText,
+    kReal,
+    kInteger,
+    kHandle,
+    kBinary
+};
 
 /// One group of a drawing file: a code and a value. Text and bytes are views into whatever holds the tag.
 struct OdDbTag

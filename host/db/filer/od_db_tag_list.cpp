@@ -1,4 +1,5 @@
-// Layout of one tag in the buffer: code (2 bytes), kind (1), then 8 bytes of number, or a length (4) and the bytes.
+// Layout of one tag in the buffer: code (2 bytes), kind (1), then 8 bytes of number, or a length (4) and the
+// bytes.
 #include "host/db/filer/od_db_tag_list.h"
 
 #include "host/root/od_error.h"

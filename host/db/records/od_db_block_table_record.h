@@ -50,8 +50,9 @@ public:
     OdDbObjectId getLayoutId() const { return m_layout; }
     void setLayoutId(OdDbObjectId layout);
 
-    /// Gives the entity to the drawing and appends it. Throws OdError: eAlreadyInDb for an entity that has an owner,
-    /// eNotInDatabase, eNotOpenForWrite, eSelfReference for a reference that would make a block contain itself.
+    /// Gives the entity to the drawing and appends it. Throws OdError: eAlreadyInDb for an entity that has an
+    /// owner, eNotInDatabase, eNotOpenForWrite, eSelfReference for a reference that would make a block contain
+    /// itself.
     OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
     /// In order of appending, erased entities included.
     std::vector<OdDbStub*> const& entities() const { return m_entities; }

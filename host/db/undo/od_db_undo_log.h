@@ -14,9 +14,9 @@ public:
     virtual void revert(OdDbDatabase& database) = 0;
 };
 
-/// Records of changes, each the changes between two calls of start. Fields of an object are kept once in a record as
-/// a before-image; what containers own is kept as single steps, so that a change costs the same in a drawing of any
-/// size.
+/// Records of changes, each the changes between two calls of start. Fields of an object are kept once in a record
+/// as a before-image; what containers own is kept as single steps, so that a change costs the same in a drawing of
+/// any size.
 class OdDbUndoLog
 {
 public:

@@ -42,11 +42,20 @@ public:
             wchar_t const* text;
             std::uint64_t value;
         };
-        constexpr Row rows[] = {{L"1F", 0x1F}, {L"1f", 0x1F}, {L"0001F", 0x1F}, {L"FFFFFFFFFFFFFFFF", ~0ull},
-                                {L"", 0},      {L"0x1F", 0},  {L" 1F", 0},      {L"1F ", 0},
-                                {L"G", 0},     {L"-1", 0},    {L"11112222333344445", 0}};
+        constexpr Row rows[] = {{L"1F", 0x1F},
+                                {L"1f", 0x1F},
+                                {L"0001F", 0x1F},
+                                {L"FFFFFFFFFFFFFFFF", ~0ull},
+                                {L"", 0},
+                                {L"0x1F", 0},
+                                {L" 1F", 0},
+                                {L"1F ", 0},
+                                {L"G", 0},
+                                {L"-1", 0},
+                                {L"11112222333344445", 0}};
         for (Row const& row : rows)
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(row.text).toUtf8(), row.value, OdDbHandle(OdString(row.text)).value());
+            CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(row.text).toUtf8(), row.value,
+                                         OdDbHandle(OdString(row.text)).value());
         CPPUNIT_ASSERT(OdDbHandle(0x1F2Eu).ascii() == L"1F2E");
     }
 
@@ -92,9 +101,8 @@ public:
         line->erase();
         CPPUNIT_ASSERT_EQUAL(eWasErased, codeOf([&] { id.safeOpenObject(); }));
         CPPUNIT_ASSERT(id.openObject().isNull() && !id.openObject(OdDb::kForRead, true).isNull());
-        CPPUNIT_ASSERT_EQUAL(eDuplicateKey, codeOf([&] {
-                                 m_database->addOdDbObject(new OdDbRawObject("X"), {}, id.getHandle());
-                             }));
+        CPPUNIT_ASSERT_EQUAL(
+            eDuplicateKey, codeOf([&] { m_database->addOdDbObject(new OdDbRawObject("X"), {}, id.getHandle()); }));
         CPPUNIT_ASSERT_EQUAL(eDegenerateGeometry, codeOf([] { OdDbLinePtr(new OdDbLine)->setNormal({0, 0, 0}); }));
     }
 

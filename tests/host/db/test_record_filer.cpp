@@ -50,13 +50,15 @@ class RecordFilerTest : public CppUnit::TestFixture
 public:
     void keepsEveryTagOfAKnownClassInPlace()
     {
-        checkRound(new OdDbLine, "LINE",
-                   "5 ABC0\n102 {ACAD_XDICTIONARY\n360 ABC1\n102 }\n102 {ACAD_REACTORS\n330 ABC2\n330 ABC3\n102 }\n"
-                   "102 {SOMEONE\n40 1.5\n102 }\n330 " + modelSpace() +
-                       "\n100 AcDbEntity\n8 0\n62 3\n420 255\n370 25\n48 0\n60 1\n347 ABC4\n999 a comment\n"
-                       "100 AcDbLine\n39 0\n10 1\n20 2\n30 3\n11 4\n21 5\n31 6\n210 0\n220 0\n230 1\n302 unknown\n"
-                       "102 {INSIDE\n10 7\n102 }\n100 AcDbMystery\n10 9\n1 text\n"
-                       "1001 ACAD\n1000 data\n1040 2.5\n1001 OTHER\n1070 7\n");
+        checkRound(
+            new OdDbLine, "LINE",
+            "5 ABC0\n102 {ACAD_XDICTIONARY\n360 ABC1\n102 }\n102 {ACAD_REACTORS\n330 ABC2\n330 ABC3\n102 }\n"
+            "102 {SOMEONE\n40 1.5\n102 }\n330 " +
+                modelSpace() +
+                "\n100 AcDbEntity\n8 0\n62 3\n420 255\n370 25\n48 0\n60 1\n347 ABC4\n999 a comment\n"
+                "100 AcDbLine\n39 0\n10 1\n20 2\n30 3\n11 4\n21 5\n31 6\n210 0\n220 0\n230 1\n302 unknown\n"
+                "102 {INSIDE\n10 7\n102 }\n100 AcDbMystery\n10 9\n1 text\n"
+                "1001 ACAD\n1000 data\n1040 2.5\n1001 OTHER\n1070 7\n");
     }
 
     void keepsEveryTagOfAnUnknownClass()

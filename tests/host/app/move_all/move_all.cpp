@@ -14,7 +14,8 @@ int main(int argc, char** argv)
         return 2;
     }
     ca::CaApp& app = *ca::app();
-    app.commandLine().setListener([](OdString const& line) { std::fprintf(stderr, "%s\n", line.toUtf8().c_str()); });
+    app.commandLine().setListener(
+        [](OdString const& line) { std::fprintf(stderr, "%s\n", line.toUtf8().c_str()); });
     if (!app.openFile(OdString::fromUtf8(argv[1]).c_str()) ||
         sds_command(RTSTR, L"_MOVE", RTSTR, L"_ALL", RTSTR, L"", 0) != RTNORM)
         return 1;
