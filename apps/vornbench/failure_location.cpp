@@ -2,8 +2,12 @@
 
 #include "host/root/od_string.h"
 
+#include "vorntest/config_error.h"
+#include "vorntest/xml_source.h"
+
 #include <cppunit/Exception.h>
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 
@@ -38,6 +42,17 @@ FileLocation innermostOperation(std::vector<std::string> const& details)
     return {};
 }
 
+/// Line of the first fault of an XML file that is not well formed, else 1.
+int faultLine(std::wstring const& path)
+{
+    try {
+        vorntest::XmlSource const source(path);
+    } catch (vorntest::ConfigError const& error) {
+        return std::max(error.line(), 1);
+    }
+    return 1;
+}
+
 } // namespace
 
 TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntry const& entry)
@@ -51,8 +66,11 @@ TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntr
     if (CppUnit::SourceLine const line = failure.sourceLine(); line.isValid())
         record.source = {line.fileName(), line.lineNumber()};
     record.location = innermostOperation(record.details);
-    if (record.location.file.empty())
+    if (record.location.file.empty()) {
         record.location = testLocation(entry);
+        if (!record.location.file.empty())
+            record.location.line = faultLine(*entry.argument);
+    }
     if (record.location.file.empty())
         record.location = {shownPath(record.source.file), record.source.line};
     return record;

@@ -12,7 +12,7 @@ int countEntities(OdDbDatabase& db)
 {
     OdDbBlockTableRecordPtr const space = db.getModelSpaceId().safeOpenObject();
     int count = 0;
-    for (OdDbObjectIteratorPtr it = space->newIterator(); !it->done(); it->step())
+    for (OdDbObjectIterator it = space->newIterator(); !it.done(); it.step())
         ++count;
     return count;
 }
@@ -36,8 +36,8 @@ class OutsideModule : public CppUnit::TestFixture
 
     void keepsLine()
     {
-        OdDbDatabasePtr const db = OdDbDatabase::createObject();
-        OdDbLinePtr line = OdDbLine::createObject();
+        OdDbDatabasePtr const db(new OdDbDatabase);
+        OdDbLinePtr line(new OdDbLine);
         line->setEndPoint(OdGePoint3d(3, 4, 0));
         OdDbBlockTableRecordPtr space = db->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
         OdDbObjectId const id = space->appendOdDbEntity(line);
