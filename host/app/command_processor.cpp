@@ -17,6 +17,15 @@ CommandLine& commandLine()
     return app()->commandLine();
 }
 
+OdString unknownCommandText(OdString const& typed)
+{
+    OdString text = odFormat(L"Unknown command \"%ls\".", typed.c_str());
+    OdString const withoutDialog = L"-" + parseCommandName(typed).name;
+    if (commandRegistry::find(withoutDialog))
+        text += odFormat(L" Its form without a dialog is \"%ls\".", withoutDialog.c_str());
+    return text;
+}
+
 /// Sets a flag for the time of a scope.
 class ScopedFlag
 {
@@ -87,7 +96,7 @@ void CommandProcessor::beginCommand(Input const& input)
     else if (typed && SysVar::find(parseCommandName(*typed).name))
         beginSystemVariable(parseCommandName(*typed).name);
     else
-        throw OdError(eInvalidInput, odFormat(L"Unknown command \"%ls\".", input.shown().c_str()));
+        throw OdError(eInvalidInput, unknownCommandText(input.shown()));
 }
 
 /// The name of a system variable, typed as a command, asks for its value.

@@ -130,7 +130,8 @@ Task<> askCopyMode(Editor& editor)
 
 Task<> copyCommand(Editor& editor)
 {
-    Ids const ids = co_await selectObjects(editor);
+    // A copy leaves the original alone, so locked layers do not matter.
+    Ids const ids = co_await selectObjects(editor, L"Select objects", ELockedLayers::kIncluded);
     if (ids.empty())
         co_return;
     for (;;) {
