@@ -12,12 +12,6 @@ OdDbFieldTable const& OdDbAttribute::fields()
         odField<&OdDbAttribute::m_verticalMode>(74),
     };
     // clang-format on
-    constexpr std::string_view kMarker = "AcDbAttribute";
-    static OdDbFieldTable const s_table({
-        entitySection(),
-        textSection(),
-        {.marker = kMarker, .fields = {}, .readTail = &readVersionOrLock, .writeTail = &writeVersion},
-        {.marker = kMarker, .fields = s_fields, .writeTail = &writeLock, .continues = true},
-    });
+    static OdDbFieldTable const s_table(attributeSections("AcDbAttribute", s_fields));
     return s_table;
 }

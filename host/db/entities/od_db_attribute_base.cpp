@@ -58,3 +58,14 @@ void OdDbAttributeBase::writeLock(OdDbObject const& object, OdDbTagSink& sink)
     if (attribute.m_hasLock || attribute.m_lockPosition != 0)
         sink.integer(kVersionOrLock, attribute.m_lockPosition);
 }
+
+std::vector<OdDbSection> OdDbAttributeBase::attributeSections(std::string_view marker,
+                                                              std::span<OdDbField const> fields)
+{
+    return {
+        entitySection(),
+        textSection(),
+        {.marker = marker, .fields = {}, .readTail = &readVersionOrLock, .writeTail = &writeVersion},
+        {.marker = marker, .fields = fields, .writeTail = &writeLock, .continues = true},
+    };
+}

@@ -23,13 +23,10 @@ public:
     bool lockPositionInBlock() const { return m_lockPosition != 0; }
     void setLockPositionInBlock(bool lock);
 
-    /// In files the version stands before the other fields and the lock behind them, both under one group code.
-    static bool readVersionOrLock(OdDbObject& object, OdDbTag const& tag);
-    static void writeVersion(OdDbObject const& object, OdDbTagSink& sink);
-    static void writeLock(OdDbObject const& object, OdDbTagSink& sink);
-
 protected:
     OdDbAttributeBase() = default;
+    /// The sections of a text and, below `marker`, the fields of a class of its own.
+    static std::vector<OdDbSection> attributeSections(std::string_view marker, std::span<OdDbField const> fields);
 
     OdString m_tag;
     std::int16_t m_flags = 0;
@@ -41,6 +38,10 @@ private:
     static constexpr std::int16_t kVerifiableFlag = 4;
     static constexpr std::int16_t kPresetFlag = 8;
     void setFlag(std::int16_t flag, bool on);
+    /// In files the version stands before the other fields and the lock behind them, both under one group code.
+    static bool readVersionOrLock(OdDbObject& object, OdDbTag const& tag);
+    static void writeVersion(OdDbObject const& object, OdDbTagSink& sink);
+    static void writeLock(OdDbObject const& object, OdDbTagSink& sink);
 
     std::int8_t m_version = 0;
     std::int8_t m_lockPosition = 0;

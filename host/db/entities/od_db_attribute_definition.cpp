@@ -15,13 +15,7 @@ OdDbFieldTable const& OdDbAttributeDefinition::fields()
         odField<&OdDbAttributeDefinition::m_verticalMode>(74),
     };
     // clang-format on
-    constexpr std::string_view kMarker = "AcDbAttributeDefinition";
-    static OdDbFieldTable const s_table({
-        entitySection(),
-        textSection(),
-        {.marker = kMarker, .fields = {}, .readTail = &readVersionOrLock, .writeTail = &writeVersion},
-        {.marker = kMarker, .fields = s_fields, .writeTail = &writeLock, .continues = true},
-    });
+    static OdDbFieldTable const s_table(attributeSections("AcDbAttributeDefinition", s_fields));
     return s_table;
 }
 
