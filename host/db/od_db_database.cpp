@@ -213,9 +213,10 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
     object->m_openForWrite = true;
     if (object->standsAmongFileObjects())
         m_fileObjects.push_back(stub);
-    if (m_undo.isRecording())
+    if (m_undo.isRecording()) {
         m_undo.add(std::make_unique<OdDbCreateStep>(stub, seedBefore));
-    object->m_imageSerial = m_undo.serial();
+        object->m_imageSerial = m_undo.serial();
+    }
     object->addedToDatabase();
     noteChange();
     return object->objectId();

@@ -1,7 +1,6 @@
 // NEW, OPEN, SAVE, SAVEAS and CLOSE.
 #include "host/app/ca_app.h"
 #include "host/app/ca_doc.h"
-#include "host/app/command_line.h"
 #include "host/app/command_registry.h"
 #include "host/app/editor.h"
 #include "host/dxf/dxf_file.h"
@@ -13,7 +12,7 @@ namespace {
 
 [[noreturn]] void reject()
 {
-    throw AnswerRejected(app()->commandLine().lastPrompt()); // the application has said why
+    throw AnswerRejected(OdString()); // the application has said why
 }
 
 Task<> newCommand(Editor& editor)

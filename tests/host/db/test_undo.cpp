@@ -19,6 +19,7 @@ class UndoTest : public CppUnit::TestFixture
     CPPUNIT_TEST(doesNothingWithoutARecord);
     CPPUNIT_TEST(undoesWhileRecordingIsOff);
     CPPUNIT_TEST(recordsNothingAfterTheEnd);
+    CPPUNIT_TEST(imagesWhatWasCreatedWhileRecordingWasOff);
     CPPUNIT_TEST(isSafeWhenAnImageWasTakenInARevertedRecord);
     CPPUNIT_TEST_SUITE_END();
 
@@ -166,6 +167,18 @@ public:
         m_database->undo();
         CPPUNIT_ASSERT_EQUAL(1.0, lengthOf(line));
         CPPUNIT_ASSERT(!m_database->undoLog().hasUndo());
+    }
+
+    void imagesWhatWasCreatedWhileRecordingWasOff()
+    {
+        m_database->startUndoRecord();
+        m_database->disableUndoRecording(true);
+        OdDbObjectId const line = addLine(1);
+        m_database->disableUndoRecording(false);
+        setLength(line, 2);
+        m_database->undo();
+        CPPUNIT_ASSERT(!line.isErased());
+        CPPUNIT_ASSERT_EQUAL(1.0, lengthOf(line));
     }
 
     void isSafeWhenAnImageWasTakenInARevertedRecord()
