@@ -99,10 +99,9 @@ public:
 
     bool agrees(sds_resbuf const& wanted) const
     {
-        for (OdDbTag const tag : m_tags)
-            if (tag.code == wanted.restype && sameValue(tag, wanted))
-                return true;
-        return false;
+        return std::any_of(m_tags.begin(), m_tags.end(), [&](OdDbTag const& tag) {
+            return tag.code == wanted.restype && sameValue(tag, wanted);
+        });
     }
 
 private:

@@ -22,7 +22,11 @@ public:
     /// The digits written into `buffer`, which has room for 16; returns the text.
     std::string_view write(char (&buffer)[16]) const;
 
-    friend constexpr auto operator<=>(OdDbHandle, OdDbHandle) = default;
+    friend constexpr bool operator==(OdDbHandle a, OdDbHandle b) { return a.m_value == b.m_value; }
+    friend constexpr std::strong_ordering operator<=>(OdDbHandle a, OdDbHandle b)
+    {
+        return a.m_value <=> b.m_value;
+    }
 
 private:
     std::uint64_t m_value = 0;

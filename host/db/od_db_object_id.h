@@ -60,7 +60,7 @@ public:
     friend bool operator<(OdDbObjectId a, OdDbObjectId b)
     {
         OdDbHandle const ha = a.getHandle(), hb = b.getHandle();
-        return ha != hb ? ha < hb : std::less<OdDbStub*>()(a.m_stub, b.m_stub);
+        return ha != hb ? ha < hb : std::less<>()(a.m_stub, b.m_stub);
     }
 
 private:

@@ -137,7 +137,7 @@ void OdDbFieldTable::indexSection(int number)
     int fieldNumber = m_firstField[index];
     for (OdDbField const& field : m_sections[index].fields) {
         for (int k = 0; k < coordinatesOf(field.kind); ++k)
-            target.fieldOfCode[static_cast<std::size_t>(field.code + 10 * k)] =
+            target.fieldOfCode[static_cast<std::size_t>(field.code) + 10 * static_cast<std::size_t>(k)] =
                 static_cast<std::int16_t>(fieldNumber);
         ++fieldNumber;
     }

@@ -90,14 +90,14 @@ void OdDbUndoLog::revert(Record& record)
 {
     // The serial moves on: images of the reverted record must not pass for images of the record that runs now.
     ++m_serial;
+    std::reverse(record.steps.begin(), record.steps.end());
     m_reverting = true;
     try {
-        for (auto it = record.steps.rbegin(); it != record.steps.rend(); ++it)
-            (*it)->revert(m_database);
+        for (auto const& step : record.steps)
+            step->revert(m_database);
     } catch (...) {
         m_reverting = false;
         throw;
     }
     m_reverting = false;
-    std::reverse(record.steps.begin(), record.steps.end());
 }
