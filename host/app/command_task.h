@@ -69,7 +69,8 @@ public:
 } // namespace detail
 
 /// In coroutines, GCC 12 miscompiles two things within a co_await expression: a braced list, and a conditional
-/// expression that yields temporaries of a class (they are destroyed wrongly on cancelling). Make a variable first.
+/// expression that yields temporaries of a class (they are destroyed wrongly on cancelling). Make a variable
+/// first.
 ///
 /// A coroutine that runs when it is awaited and owns its frame: destroying a suspended task destroys everything
 /// that it awaits, innermost first, as leaving a scope does.

@@ -89,6 +89,14 @@ OdDbEntity const& entityOf(OdDbStub const* stub)
     return *static_cast<OdDbEntity const*>(stub->object);
 }
 
+/// The latest entity for which the condition holds, or null.
+template <class Condition>
+OdDbObjectId lastThat(std::vector<OdDbStub*> const& entities, Condition condition)
+{
+    auto const it = std::find_if(entities.rbegin(), entities.rend(), condition);
+    return it == entities.rend() ? OdDbObjectId() : OdDbObjectId(*it);
+}
+
 /// Half the side of the pick box, in drawing units. A view without a window is thought to be this many pixels
 /// high.
 double pickRadius(CaDoc const& document)
@@ -127,7 +135,7 @@ std::vector<OdDbObjectId> SelectionFinder::inRectangle(OdGePoint3d const& corner
         RectangleSink sink(rectangle, m_worldToUcs, mode == EMode::kWindow);
         entityOf(stub).outline(sink);
         if (sink.isFound())
-            found.push_back(OdDbObjectId(stub));
+            found.emplace_back(stub);
     }
     return found;
 }
@@ -138,16 +146,13 @@ OdDbObjectId SelectionFinder::at(OdGePoint3d const& point) const
     OdGeExtents2d box;
     box.addPoint({center.x - m_pickRadius, center.y - m_pickRadius});
     box.addPoint({center.x + m_pickRadius, center.y + m_pickRadius});
-    std::vector<OdDbStub*> const& entities = spaceEntities(m_database);
-    for (auto it = entities.rbegin(); it != entities.rend(); ++it) {
-        if ((*it)->erased || !isPickable(entityOf(*it)))
-            continue;
+    return lastThat(spaceEntities(m_database), [&](OdDbStub const* stub) {
+        if (stub->erased || !isPickable(entityOf(stub)))
+            return false;
         RectangleSink sink(box, m_worldToUcs, false);
-        entityOf(*it).outline(sink);
-        if (sink.isFound())
-            return OdDbObjectId(*it);
-    }
-    return {};
+        entityOf(stub).outline(sink);
+        return sink.isFound();
+    });
 }
 
 std::vector<OdDbObjectId> SelectionFinder::all() const
@@ -158,18 +163,14 @@ std::vector<OdDbObjectId> SelectionFinder::all() const
             continue;
         OdDbLayerTableRecord const* const layer = layerOf(entityOf(stub));
         if (!layer || !layer->isFrozen())
-            found.push_back(OdDbObjectId(stub));
+            found.emplace_back(stub);
     }
     return found;
 }
 
 OdDbObjectId SelectionFinder::last() const
 {
-    std::vector<OdDbStub*> const& entities = spaceEntities(m_database);
-    for (auto it = entities.rbegin(); it != entities.rend(); ++it)
-        if (!(*it)->erased)
-            return OdDbObjectId(*it);
-    return {};
+    return lastThat(spaceEntities(m_database), [](OdDbStub const* stub) { return !stub->erased; });
 }
 
 bool isOnLockedLayer(OdDbObjectId entity)

@@ -8,7 +8,7 @@ OdDbEntityPtr odDbCopyEntity(OdDbEntity const& entity, OdDbBlockTableRecord& tar
 {
     if (odCast<OdDbRawEntity>(&entity))
         throw OdError(eNotApplicable);
-    OdDbEntityPtr const copy(entity.clone());
+    OdDbEntityPtr copy(entity.clone());
     target.appendOdDbEntity(copy);
     if (auto* const reference = odCast<OdDbBlockReference>(copy.get()))
         for (OdDbStub* const stub : entity.subentities())

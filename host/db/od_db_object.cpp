@@ -33,8 +33,10 @@ OdDbObject::OdDbObject(OdDbObject const& other)
 
 OdDbObject& OdDbObject::operator=(OdDbObject const& other)
 {
-    m_extras = other.m_extras;
-    m_presentFields = other.m_presentFields;
+    if (this != &other) {
+        m_extras = other.m_extras;
+        m_presentFields = other.m_presentFields;
+    }
     return *this;
 }
 
@@ -129,7 +131,7 @@ void OdDbObject::visitOwned(std::function<void(OdDbStub&)> const& visit) const
 
 OdDbObjectPtr OdDbObject::clone() const
 {
-    OdDbObjectPtr const copy(copyFields());
+    OdDbObjectPtr copy(copyFields());
     if (copy->m_extras) {
         copy->m_extras.get()->reactors.clear();
         copy->m_extras.get()->extensionDictionary = OdDbObjectId();

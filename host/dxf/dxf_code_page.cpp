@@ -36,7 +36,7 @@ char const* iconvNameOf(std::string_view name)
 
 CodePage::CodePage(std::string_view name) : m_converter(::iconv_open("UTF-8", iconvNameOf(name)))
 {
-    if (m_converter == reinterpret_cast<iconv_t>(-1))
+    if (m_converter == reinterpret_cast<iconv_t>(-1)) // NOLINT(performance-no-int-to-ptr): how iconv says no
         throw OdError(eUnsupportedFormat, odFormat(L"This system cannot convert text from the code page %ls",
                                                    OdString::fromUtf8(name).c_str()));
 }

@@ -83,7 +83,7 @@ OdDbDatabasePtr readFile(OdString const& path, ReadReport* report)
     target = {head.release->name, {}};
     TextDecoder decoder(head.codePage);
     TextSource source(path, file.bytes(), decoder);
-    OdDbDatabasePtr const database = new OdDbDatabase(false);
+    OdDbDatabasePtr database = new OdDbDatabase(false);
     BuildingMode const mode(*database);
     readDrawing(*database, source, target);
     return database;

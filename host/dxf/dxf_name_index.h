@@ -19,17 +19,17 @@ public:
     /// Creates the tables of the drawing that the file has, still empty.
     NameIndex(OdDbDatabase& database, TagSource const& source);
 
-    OdDbObjectId byName(OdDbTableKind table, std::string_view utf8Name) override;
+    OdDbObjectId byName(OdDbTableKind kind, std::string_view utf8Name) override;
     OdDbObjectId byHandle(OdDbHandle handle) override { return m_database.getOdDbObjectId(handle, true); }
 
     /// As byName, but null for a name that no record has.
-    OdDbObjectId find(OdDbTableKind table, std::string_view utf8Name);
+    OdDbObjectId find(OdDbTableKind kind, std::string_view utf8Name);
     /// A record was read: its name stands for it unless it stands for another one already.
-    void noteRead(OdDbTableKind table, OdDbSymbolTableRecord const& record);
+    void noteRead(OdDbTableKind kind, OdDbSymbolTableRecord const& record);
     /// The drawing's table, created if the file lacks it.
     OdDbSymbolTable& table(OdDbTableKind kind);
     /// Adds a record under a name that the file does not define.
-    OdDbObjectId addRecord(OdDbTableKind table, std::string_view utf8Name);
+    OdDbObjectId addRecord(OdDbTableKind kind, std::string_view utf8Name);
 
     /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
     void openFreeHandles();

@@ -11,7 +11,7 @@ namespace {
 OdDbObjectPtr createObject(std::string_view name)
 {
     if (OdRxClass const* const known = odDbClassRegistry::find(name)) {
-        OdDbObjectPtr const object = OdRxObjectPtr(known->create());
+        OdDbObjectPtr object = OdRxObjectPtr(known->create());
         if (object->standsAmongFileObjects())
             return object;
     }

@@ -103,7 +103,8 @@ void TextSink::putReal(int code, double value)
     // Some readers take a number without point for an integer.
     char* const exponent = isPlain ? m_at : std::find(begin, m_at, 'e');
     std::memmove(exponent + 2, exponent, static_cast<std::size_t>(m_at - exponent));
-    std::memcpy(exponent, ".0", 2);
+    exponent[0] = '.';
+    exponent[1] = '0';
     m_at += 2;
 }
 

@@ -221,8 +221,8 @@ bool FileName::mkdir(OdString const& path, unsigned permissions)
         if (makeFolder(part, end < text.size() ? mode | passable : mode)) {
             made.push_back(std::move(part));
         } else if (!isFolder(part)) { // somebody else may have made it in between
-            for (std::string const& folder : made | std::views::reverse)
-                FileSystem::current().rmdir(folder.c_str());
+            std::for_each(made.rbegin(), made.rend(),
+                          [](std::string const& folder) { FileSystem::current().rmdir(folder.c_str()); });
             return false;
         }
     }

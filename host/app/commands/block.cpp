@@ -56,13 +56,13 @@ void checkNoLoop(OdDbObjectId block, Ids const& ids)
 OdDbBlockTableRecordPtr emptyBlock(Editor& editor, OdString const& name)
 {
     if (OdDbObjectId const id = blockNamed(editor, name); !id.isNull()) {
-        auto const block = id.open<OdDbBlockTableRecord>(OdDb::kForWrite);
+        auto block = id.open<OdDbBlockTableRecord>(OdDb::kForWrite);
         for (OdDbObjectIterator it = block->newIterator(); !it.done(); it.step())
             it.entity(OdDb::kForWrite)->erase();
         block->setOrigin(OdGePoint3d());
         return block;
     }
-    OdDbBlockTableRecordPtr const block(new OdDbBlockTableRecord);
+    OdDbBlockTableRecordPtr block(new OdDbBlockTableRecord);
     block->setName(name);
     editor.db().getBlockTableId().open<OdDbSymbolTable>(OdDb::kForWrite)->add(block);
     block->upgradeOpen();

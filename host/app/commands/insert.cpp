@@ -202,7 +202,7 @@ Task<> askRotation(Editor& editor, Placement& placement)
 OdDbBlockReferencePtr makeReference(Editor& editor, OdDbObjectId block, Placement const& placement)
 {
     DrawingPlane const plane(editor, placement.point);
-    OdDbBlockReferencePtr const reference(new OdDbBlockReference);
+    OdDbBlockReferencePtr reference(new OdDbBlockReference);
     reference->setBlockTableRecord(block);
     reference->setNormal(plane.normal());
     reference->setScaleFactors({*placement.x, *placement.y, *placement.z});

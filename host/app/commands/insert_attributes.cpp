@@ -54,7 +54,7 @@ Task<> askValues(Editor& editor, std::vector<AttributeValue>& values, OdString h
 /// The look of the definition, in the coordinates of the block.
 OdDbAttributePtr attributeLike(OdDbAttributeDefinition const& definition)
 {
-    OdDbAttributePtr const attribute(new OdDbAttribute);
+    OdDbAttributePtr attribute(new OdDbAttribute);
     attribute->setLayer(definition.layerId());
     attribute->setColor(definition.color());
     attribute->setLinetype(definition.linetypeId());

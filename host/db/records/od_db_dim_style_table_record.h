@@ -13,15 +13,15 @@ class OdDbDimStyleTableRecord : public OdDbSymbolTableRecord
     OD_DB_DECLARE_CLASS(OdDbDimStyleTableRecord)
 public:
     /// Angles are in radians.
-    double real(std::string_view variable) const;
-    void setReal(std::string_view variable, double value);
-    int integer(std::string_view variable) const;
-    void setInteger(std::string_view variable, int value);
-    OdString text(std::string_view variable) const;
-    void setText(std::string_view variable, OdString const& value);
+    double real(std::string_view name) const;
+    void setReal(std::string_view name, double value);
+    int integer(std::string_view name) const;
+    void setInteger(std::string_view name, int value);
+    OdString text(std::string_view name) const;
+    void setText(std::string_view name, OdString const& value);
     /// A text style, an arrow block or a linetype.
-    OdDbObjectId reference(std::string_view variable) const;
-    void setReference(std::string_view variable, OdDbObjectId value);
+    OdDbObjectId reference(std::string_view name) const;
+    void setReference(std::string_view name, OdDbObjectId value);
 
     int handleGroupCode() const override { return 105; }
     void addedToDatabase() override;

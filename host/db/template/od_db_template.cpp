@@ -174,7 +174,7 @@ OdDbDictionaryPtr TemplateFill::dictionary(wchar_t const* name, OdRxClass::DescF
     OdDbObjectPtr const present = root->getAt(name).openObject(OdDb::kForWrite);
     if (auto* const dictionary = odCast<OdDbDictionary>(present.get()))
         return dictionary;
-    OdDbDictionaryPtr const added = OdRxObjectPtr(cls()->create());
+    OdDbDictionaryPtr added = OdRxObjectPtr(cls()->create());
     root->setAt(name, added.get());
     return added;
 }

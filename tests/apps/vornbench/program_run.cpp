@@ -7,8 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
-
 ProgramRun runProgram(std::vector<std::string> const& arguments, std::filesystem::path const& folder)
 {
     TempFolder const captured;
@@ -21,6 +19,7 @@ ProgramRun runProgram(std::vector<std::string> const& arguments, std::filesystem
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, out.c_str(), O_WRONLY | O_CREAT, 0600);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT, 0600);
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (std::string const& argument : arguments)
         words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);

@@ -6,6 +6,8 @@
 
 #include <cppunit/extensions/HelperMacros.h>
 
+#include <charconv>
+
 /// Keeps an outline as places on it: ends, corners and points exactly, arcs also by many places between their
 /// ends. Two outlines agree when every place of one lies near a place of the other, and the exact ones exactly.
 class SampledOutline : public OdDbOutlineSink

@@ -145,6 +145,7 @@ public:
     void iteratesBothWaysOverWhatIsNotErased()
     {
         std::vector<OdDbObjectId> ids;
+        ids.reserve(5);
         for (int i = 0; i < 5; ++i)
             ids.push_back(m_space->appendOdDbEntity(new OdDbLine));
         for (std::size_t const i : {0u, 2u, 4u})

@@ -65,7 +65,9 @@ class RectangleTest : public CppUnit::TestFixture
             OdGeVector2d const v(number(random), number(random));
             double nearest = 1e9;
             for (int k = 0; k < (steps + 1) * (steps + 1); ++k) {
-                OdGePoint2d const p = base + u * (k / (steps + 1)) / steps + v * (k % (steps + 1)) / steps;
+                int const row = k / (steps + 1);
+                int const column = k % (steps + 1);
+                OdGePoint2d const p = base + u * row / steps + v * column / steps;
                 nearest = std::min({std::max({area.minPoint().x - p.x, p.x - area.maxPoint().x,
                                               area.minPoint().y - p.y, p.y - area.maxPoint().y}),
                                     nearest});
