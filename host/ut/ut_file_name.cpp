@@ -92,11 +92,10 @@ std::vector<std::wstring_view> resolvedParts(std::wstring_view text)
         start = end + 1;
         if (part.empty() || part == L".")
             continue;
-        if (part != L"..")
-            parts.push_back(part);
-        else if (!parts.empty() && parts.back() != L"..")
+        bool const goesUp = part == L"..";
+        if (goesUp && !parts.empty() && parts.back() != L"..")
             parts.pop_back();
-        else if (!fromRoot)
+        else if (!goesUp || !fromRoot)
             parts.push_back(part);
     }
     return parts;

@@ -87,7 +87,7 @@ bool BlockScriptTest::hasLine(OdString const& text)
 OdDbAttributeDefinitionPtr BlockScriptTest::addDefinition(OdDbBlockTableRecord& block, OdString const& tag,
                                                           OdString const& text, OdGePoint3d const& position)
 {
-    OdDbAttributeDefinitionPtr const definition(new OdDbAttributeDefinition);
+    OdDbAttributeDefinitionPtr definition(new OdDbAttributeDefinition);
     definition->setTag(tag);
     definition->setTextString(text);
     definition->setPosition(position);

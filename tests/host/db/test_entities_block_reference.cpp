@@ -40,7 +40,7 @@ public:
 private:
     OdDbBlockTableRecordPtr newBlock(wchar_t const* name)
     {
-        OdDbBlockTableRecordPtr const block(new OdDbBlockTableRecord);
+        OdDbBlockTableRecordPtr block(new OdDbBlockTableRecord);
         block->setName(name);
         auto const table = m_db->getBlockTableId().open<OdDbSymbolTable>(OdDb::kForWrite);
         table->add(block);
@@ -54,7 +54,7 @@ private:
     OdDbBlockReferencePtr insert(OdDbBlockTableRecord& into, OdDbBlockTableRecord& block,
                                  OdGePoint3d const& position)
     {
-        OdDbBlockReferencePtr const reference(new OdDbBlockReference);
+        OdDbBlockReferencePtr reference(new OdDbBlockReference);
         reference->setDatabaseDefaults(*m_db);
         reference->setBlockTableRecord(block.objectId());
         reference->setPosition(position);
@@ -78,7 +78,7 @@ private:
 
     static OdDbAttributePtr newAttribute(OdGePoint3d const& position)
     {
-        OdDbAttributePtr const attribute(new OdDbAttribute);
+        OdDbAttributePtr attribute(new OdDbAttribute);
         attribute->setTag(L"NAME");
         attribute->setTextString(L"AB");
         attribute->setPosition(position);

@@ -16,7 +16,7 @@ namespace {
 template <class Entity>
 OdSmartPtr<Entity> roundTrip(std::initializer_list<std::string_view> tags)
 {
-    OdSmartPtr<Entity> const entity(new Entity);
+    OdSmartPtr<Entity> entity(new Entity);
     readTags(*entity, tags);
     std::vector<std::string> expected{"100 AcDbEntity", "8 "};
     expected.insert(expected.end(), tags.begin(), tags.end());

@@ -246,7 +246,7 @@ class EntityTransformTest : public CppUnit::TestFixture
         assertRefused(
             "leaning",
             *[] {
-                OdSmartPtr<OdDbPolyline> const thick(polyline(kZ, 0));
+                OdSmartPtr<OdDbPolyline> thick(polyline(kZ, 0));
                 thick->setThickness(1);
                 return thick;
             }(),

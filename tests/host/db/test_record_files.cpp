@@ -77,7 +77,7 @@ private:
         OdDbTagList const tags = tagsOf(linesOfRecord(text));
         OdRxClass* const cls = odDbClassRegistry::find((*tags.begin()).text);
         CPPUNIT_ASSERT_MESSAGE(text, cls);
-        OdDbObjectPtr const object = OdRxObjectPtr(cls->create());
+        OdDbObjectPtr object = OdRxObjectPtr(cls->create());
         DatabaseResolver resolver(*m_database);
         OdDbRecordReader reader(*object, resolver);
         for (auto it = ++tags.begin(); it != tags.end(); ++it)

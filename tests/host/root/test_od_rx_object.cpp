@@ -122,7 +122,7 @@ private:
         {
             OdSmartPtr<TestBall> const second = first;
             OdSmartPtr<TestBall> const moved = std::move(first);
-            CPPUNIT_ASSERT(first.isNull());
+            CPPUNIT_ASSERT(first.isNull()); // NOLINT(bugprone-use-after-move): a moved pointer is null
             CPPUNIT_ASSERT_EQUAL(2, moved->numRefs());
             first = second;
         }
