@@ -52,6 +52,8 @@ expect_exit 0 "$work/list" "$bench" list "$project/config.xml"
 for test in OutsideModule::keepsLine outside/two_lines; do
     expect_line "$work/list" "$test"
 done
+expect_exit 0 "$work/list" "$bench" list "$project/config.xml" outside_wrong
+expect_line "$work/list" "outside_wrong/wrong_count"
 expect_exit 0 "$work/run" "$bench" run "$project/config.xml" --no-color
 expect_line "$work/run" "selected 2 of 3"
 expect_exit 1 "$work/run" "$bench" run "$project/config.xml" outside_wrong --no-color
