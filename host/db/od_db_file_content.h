@@ -22,6 +22,7 @@ struct OdDbFileContent
         std::string name;
         OdDbTagList tags; ///< records that the host does not know; of an unknown table everything behind its name
     };
+    std::string release; ///< of the file, as its header names it; empty for a new drawing
     std::vector<Section> sections;
     std::vector<Table> tables;
     OdDbTagList closingComments; ///< behind the last section

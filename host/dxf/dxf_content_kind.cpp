@@ -1,12 +1,12 @@
 #include "host/dxf/dxf_content_kind.h"
 
+#include "host/dxf/dxf_binary_form.h"
+
 #include <algorithm>
 
 namespace dxf {
 
 namespace {
-
-using namespace std::string_view_literals;
 
 struct Signature
 {
@@ -15,7 +15,7 @@ struct Signature
 };
 
 constexpr Signature s_signatures[] = {
-    {"AutoCAD Binary DXF\r\n\x1A\0"sv, EContentKind::kBinary},
+    {kBinarySentinel, EContentKind::kBinary},
     {"AC10", EContentKind::kDwg},
     {"\xFF\xFE", EContentKind::kUtf16},
     {"\xFE\xFF", EContentKind::kUtf16},
@@ -29,7 +29,7 @@ bool isBlank(char ch)
 /// Every text drawing begins with a section (group 0) or a comment (group 999).
 bool beginsWithTag(std::string_view bytes)
 {
-    std::string_view line = bytes.substr(0, bytes.find('\n'));
+    std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
     while (!line.empty() && isBlank(line.front()))
         line.remove_prefix(1);
     while (!line.empty() && isBlank(line.back()))

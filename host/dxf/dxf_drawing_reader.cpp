@@ -28,37 +28,53 @@ SectionReader const* findReader(std::string_view name)
     return nullptr;
 }
 
-/// Names in the tables are looked up by everything behind them.
-void checkOrder(Reading const& reading, std::vector<OdDbFileContent::Section> const& sectionsBefore,
-                std::string_view name)
+bool holdsObjects(OdDbFileContent::Section const& section)
 {
-    if (name != "TABLES")
-        return;
-    for (OdDbFileContent::Section const& before : sectionsBefore)
-        if (before.name == "BLOCKS" || before.name == "ENTITIES" || before.name == "OBJECTS")
-            reading.fail(odFormat(L"The section TABLES comes behind %ls; it has to come first",
-                                  OdString::fromUtf8(before.name).c_str()));
+    return section.name == "BLOCKS" || section.name == "ENTITIES" || section.name == "OBJECTS";
 }
 
-void readSection(Reading& reading)
+/// Names in the tables are looked up by everything behind them.
+void checkOrder(Reading& reading, std::string_view name)
+{
+    auto const& sections = reading.database().fileContent().sections;
+    auto const before = std::find_if(sections.begin(), sections.end(), &holdsObjects);
+    if (name == "TABLES" && before != sections.end())
+        reading.fail(odFormat(L"The section TABLES comes behind %ls; it has to come first",
+                              OdString::fromUtf8(before->name).c_str()));
+}
+
+/// What stands where a section should begin is left out.
+void skipToSection(Reading& reading, OdString const& reason)
+{
+    reading.note(reason + L"; what stands up to the next section is left out");
+    while (!reading.isAt(0, "SECTION") && !reading.isAt(0, "EOF"))
+        reading.advance();
+}
+
+void readContent(Reading& reading, OdDbFileContent::Section& section)
+{
+    reading.takeComments(section.commentsInside);
+    if (SectionReader const* const reader = findReader(section.name))
+        reader->read(reading);
+    else
+        reading.keepSection(section.tags);
+    if (reading.isAt(0, "ENDSEC"))
+        reading.advance();
+    else if (!reading.isCutOff())
+        reading.note(odFormat(L"The section %ls ends without ENDSEC", OdString::fromUtf8(section.name).c_str()));
+}
+
+void readSection(Reading& reading, OdDbTagList commentsBefore)
 {
     auto& sections = reading.database().fileContent().sections;
     reading.advance();
     if (reading.tag().code != 2)
-        reading.fail(L"A section begins without its name (group 2)");
+        return skipToSection(reading, L"A section begins without its name (group 2)");
     std::string const name(reading.tag().text);
-    checkOrder(reading, sections, name);
-    OdDbFileContent::Section& section = sections.back();
-    section.name = name;
+    checkOrder(reading, name);
+    sections.push_back({name, std::move(commentsBefore), {}, {}});
     reading.advance();
-    reading.takeComments(section.commentsInside);
-    if (SectionReader const* const reader = findReader(name))
-        reader->read(reading);
-    else
-        reading.keepUntil("ENDSEC", section.tags);
-    if (!reading.isAt(0, "ENDSEC"))
-        reading.fail(odFormat(L"The section %ls ends without ENDSEC", OdString::fromUtf8(name).c_str()));
-    reading.advance();
+    readContent(reading, sections.back());
 }
 
 void readSections(Reading& reading)
@@ -69,14 +85,16 @@ void readSections(Reading& reading)
         reading.takeComments(comments);
         if (reading.isAt(0, "EOF")) {
             content.closingComments = std::move(comments);
-            return;
+            break;
         }
-        if (!reading.isAt(0, "SECTION"))
-            reading.fail(L"A section or the end mark EOF is expected here");
-        content.sections.emplace_back();
-        content.sections.back().commentsBefore = std::move(comments);
-        readSection(reading);
+        if (reading.isAt(0, "SECTION"))
+            readSection(reading, std::move(comments));
+        else
+            skipToSection(reading, L"A section or the end mark EOF is expected here");
     }
+    bool const isEmpty = std::none_of(content.sections.begin(), content.sections.end(), &holdsObjects);
+    if (reading.isCutOff() && isEmpty)
+        reading.fail(L"The file ends before the first entity; it is cut off");
 }
 
 struct NamedRecord
@@ -128,9 +146,10 @@ void complete(Reading& reading)
 
 } // namespace
 
-void readDrawing(OdDbDatabase& database, TagSource& source, ReadReport& report)
+void readDrawing(OdDbDatabase& database, TagSource& source, Release const& release, ReadReport& report)
 {
-    Reading reading(database, source, report);
+    database.fileContent().release = release.code;
+    Reading reading(database, source, release.id, report);
     readSections(reading);
     complete(reading);
 }

@@ -7,6 +7,6 @@ namespace dxf {
 
 /// Reads a whole drawing, section by section, into an empty database and completes what every drawing must have.
 /// How it goes on from here: dxf_sections.h (one reader for each section), dxf_reading.h (what they share).
-void readDrawing(OdDbDatabase& database, TagSource& source, ReadReport& report);
+void readDrawing(OdDbDatabase& database, TagSource& source, Release const& release, ReadReport& report);
 
 } // namespace dxf

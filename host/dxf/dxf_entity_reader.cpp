@@ -55,25 +55,30 @@ OdDbEntityPtr EntityReader::create(std::string_view name) const
     OdRxClass const* const known = odDbClassRegistry::find(name);
     if (!known)
         return new OdDbRawEntity(name);
-    if (!known->isDerivedFrom(OdDbEntity::desc()))
-        m_reading.fail(odFormat(L"%ls is no entity", OdString::fromUtf8(name).c_str()));
+    if (!known->isDerivedFrom(OdDbEntity::desc())) {
+        m_reading.note(odFormat(L"%ls is no entity; it is kept here as it is", OdString::fromUtf8(name).c_str()));
+        return new OdDbRawEntity(name);
+    }
     return OdRxObjectPtr(known->create());
 }
 
 void EntityReader::read(OdDbBlockTableRecord* block)
 {
     std::string_view const name = m_reading.tag().text;
-    if (m_parent && readAsPart(name))
+    if (readAsPart(name))
         return;
     endSequence();
+    m_partName = partNameOf(name);
     OdDbEntityPtr const entity = create(name);
     RecordHead const head = m_reading.readRecord(*entity);
+    m_isParentLeftOut = leaveOutIfBroken(name, head);
+    if (m_isParentLeftOut)
+        return;
     if (entity->layerId().isNull())
         entity->setLayer(m_reading.names().byName(OdDbTableKind::kLayer, "0"));
     OdDbBlockTableRecord& space = block ? *block : spaceOf(head);
     m_reading.add(*entity, space.objectId(), head);
     space.adopt(*entity);
-    m_partName = partNameOf(name);
     if (!m_partName.empty())
         m_parent = entity;
 }
@@ -82,10 +87,17 @@ void EntityReader::read(OdDbBlockTableRecord* block)
 bool EntityReader::readAsPart(std::string_view name)
 {
     bool const isEnd = name == kSequenceEnd;
-    if (!isEnd && name != m_partName)
+    if ((m_parent.isNull() && !m_isParentLeftOut) || (!isEnd && name != m_partName))
         return false;
+    if (m_parent.isNull()) {
+        m_isParentLeftOut = !isEnd;
+        m_reading.skipRecord();
+        return true;
+    }
     OdDbEntityPtr const part = create(name);
     RecordHead const head = m_reading.readRecord(*part);
+    if (!isEnd && leaveOutIfBroken(name, head))
+        return true;
     if (part->layerId().isNull())
         part->setLayer(m_parent->layerId());
     m_reading.add(*part, m_parent->objectId(), head);
@@ -98,8 +110,18 @@ bool EntityReader::readAsPart(std::string_view name)
     return true;
 }
 
+/// An entity that lost tags would show what nobody drew.
+bool EntityReader::leaveOutIfBroken(std::string_view name, RecordHead const& head)
+{
+    if (head.isBroken)
+        m_reading.note(head.place, head.handle,
+                       odFormat(L"%ls is damaged and left out", OdString::fromUtf8(name).c_str()));
+    return head.isBroken;
+}
+
 void EntityReader::endSequence()
 {
+    m_isParentLeftOut = false;
     if (!m_parent)
         return;
     if (!m_parent->subentities().empty()) {
@@ -107,7 +129,8 @@ void EntityReader::endSequence()
         end->setLayer(m_parent->layerId());
         m_reading.add(*end, m_parent->objectId(), {});
         adoptEnd(*m_parent, *end);
-        m_reading.note(m_reading.line(), m_parent->getDbHandle(), L"The end mark SEQEND was missing and is added");
+        m_reading.note(m_reading.place(), m_parent->getDbHandle(),
+                       L"The end mark SEQEND was missing and is added");
     }
     m_parent.release();
 }

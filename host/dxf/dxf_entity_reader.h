@@ -24,10 +24,12 @@ public:
 private:
     OdDbEntityPtr create(std::string_view name) const;
     bool readAsPart(std::string_view name);
+    bool leaveOutIfBroken(std::string_view name, RecordHead const& head);
     OdDbBlockTableRecord& spaceOf(RecordHead const& head) const;
 
     Reading& m_reading;
-    OdDbEntityPtr m_parent; ///< entity whose parts may follow
+    OdDbEntityPtr m_parent;         ///< entity whose parts may follow
+    bool m_isParentLeftOut = false; ///< parts may follow that have nothing to belong to
     std::string_view m_partName;
 };
 

@@ -11,11 +11,6 @@ bool isFrame(Reading const& reading)
     return reading.isAt(0, "BLOCK") || reading.isAt(0, "ENDBLK");
 }
 
-bool isSectionEnd(Reading const& reading)
-{
-    return reading.isAt(0, "ENDSEC") || reading.isAt(0, "SECTION") || reading.isAt(0, "EOF");
-}
-
 /// The record of a block: by its name, else by the handle of its owner, else a new one.
 OdDbBlockTableRecord& recordOf(Reading& reading, OdDbBlockBegin const& begin, RecordHead const& head)
 {
@@ -25,11 +20,15 @@ OdDbBlockTableRecord& recordOf(Reading& reading, OdDbBlockBegin const& begin, Re
         id = reading.database().getOdDbObjectId(head.owner);
     if (id.isValid() && odCast<OdDbBlockTableRecord>(id.stub()->object))
         return *id.open<OdDbBlockTableRecord>();
+    id = reading.names().addRecord(OdDbTableKind::kBlock, name.empty() ? reading.names().freeName() : name);
+    OdString const given = id.open<OdDbBlockTableRecord>()->getName();
+    // Block records came with R13.
     if (name.empty())
-        reading.fail(L"A block has neither a name nor a block record");
-    id = reading.names().addRecord(OdDbTableKind::kBlock, name);
-    reading.note(head.line, id.getHandle(),
-                 odFormat(L"The block \"%ls\" had no block record; one is added", begin.fileName().c_str()));
+        reading.note(head.place, id.getHandle(),
+                     odFormat(L"A block had no name; it is \"%ls\" now", given.c_str()));
+    else if (reading.release() >= ERelease::kR13)
+        reading.note(head.place, id.getHandle(),
+                     odFormat(L"The block \"%ls\" had no block record; one is added", given.c_str()));
     return *id.open<OdDbBlockTableRecord>();
 }
 
@@ -47,7 +46,7 @@ OdDbBlockTableRecord& readBlockBegin(Reading& reading)
         block.adoptBegin(*begin);
     } else {
         reading.note(
-            head.line, head.handle,
+            head.place, head.handle,
             odFormat(L"The block \"%ls\" is there twice; its entities are joined", block.getName().c_str()));
     }
     return block;
@@ -56,7 +55,7 @@ OdDbBlockTableRecord& readBlockBegin(Reading& reading)
 void readBlockEnd(Reading& reading, OdDbBlockTableRecord& block)
 {
     if (!reading.isAt(0, "ENDBLK")) {
-        reading.note(reading.line(), block.getDbHandle(),
+        reading.note(reading.place(), block.getDbHandle(),
                      odFormat(L"The block \"%ls\" has no end mark ENDBLK; one is added", block.getName().c_str()));
         return;
     }
@@ -70,16 +69,26 @@ void readBlockEnd(Reading& reading, OdDbBlockTableRecord& block)
     block.adoptEnd(*end);
 }
 
+/// Damage between blocks: goes to the next one or to the end of the section.
+void skipToBlock(Reading& reading)
+{
+    reading.note(L"BLOCK or ENDSEC is expected here; what stands up to the next block is left out");
+    while (!reading.isAt(0, "BLOCK") && !reading.isAtSectionEnd())
+        reading.advance();
+}
+
 } // namespace
 
 void readBlocks(Reading& reading)
 {
-    while (!reading.isAt(0, "ENDSEC")) {
-        if (!reading.isAt(0, "BLOCK"))
-            reading.fail(L"BLOCK or ENDSEC is expected here");
+    while (!reading.isAtSectionEnd()) {
+        if (!reading.isAt(0, "BLOCK")) {
+            skipToBlock(reading);
+            continue;
+        }
         OdDbBlockTableRecord& block = readBlockBegin(reading);
         EntityReader entities(reading);
-        while (!isFrame(reading) && !isSectionEnd(reading))
+        while (!isFrame(reading) && !reading.isAtSectionEnd())
             entities.read(&block);
         entities.endSequence();
         readBlockEnd(reading, block);
@@ -89,10 +98,14 @@ void readBlocks(Reading& reading)
 void readEntities(Reading& reading)
 {
     EntityReader entities(reading);
-    while (!isSectionEnd(reading)) {
-        if (isFrame(reading))
-            reading.fail(L"A block stands outside the section BLOCKS");
-        entities.read(nullptr);
+    while (!reading.isAtSectionEnd()) {
+        if (isFrame(reading)) {
+            reading.note(odFormat(L"%ls stands outside the section BLOCKS; it is left out",
+                                  OdString::fromUtf8(reading.tag().text).c_str()));
+            reading.skipRecord();
+        } else {
+            entities.read(nullptr);
+        }
     }
     entities.endSequence();
 }

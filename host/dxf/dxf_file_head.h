@@ -2,8 +2,6 @@
 
 #include "host/dxf/dxf_release.h"
 
-#include "host/root/od_string.h"
-
 #include <string>
 
 namespace dxf {
@@ -13,11 +11,12 @@ class TagSource;
 /// What has to be known of a file before it can be read.
 struct FileHead
 {
-    Release const* release = nullptr;
-    std::string codePage; ///< $DWGCODEPAGE, empty without
+    Release const* release = nullptr; ///< never null once read
+    std::string codePage;             ///< $DWGCODEPAGE, empty without
 };
 
-/// Throws OdError(eUnsupportedFormat) for a release that is not read, eInvalidFile for a file without a clear one.
-FileHead readHead(OdString const& path, TagSource& source);
+/// A file that does not name its release is one of R12: older programs left the header out. Throws
+/// OdError(eInvalidFile) for a release that is not known.
+FileHead readHead(TagSource& source);
 
 } // namespace dxf

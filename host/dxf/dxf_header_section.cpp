@@ -2,16 +2,36 @@
 
 namespace dxf {
 
+namespace {
+
+bool isVariable(Reading const& reading)
+{
+    return reading.tag().code == 9 && reading.tag().text.starts_with('$');
+}
+
+/// Damage: goes to the next variable or to the end of the section.
+void skipToVariable(Reading& reading)
+{
+    reading.note(
+        L"A header variable (group 9) or ENDSEC is expected here; what stands up to the next one is left out");
+    do
+        reading.advance();
+    while (!isVariable(reading) && !reading.isAtSectionEnd());
+}
+
+} // namespace
+
 void readHeader(Reading& reading)
 {
     OdDbHeader& header = reading.database().editHeader();
-    while (!reading.isAt(0, "ENDSEC")) {
-        OdDbTag const& tag = reading.tag();
-        if (tag.code != 9 || !tag.text.starts_with('$'))
-            reading.fail(L"A header variable (group 9) or ENDSEC is expected here");
-        std::string const name(tag.text.substr(1));
+    while (!reading.isAtSectionEnd()) {
+        if (!isVariable(reading)) {
+            skipToVariable(reading);
+            continue;
+        }
+        std::string const name(reading.tag().text.substr(1));
         OdDbTagList value;
-        for (reading.advance(); reading.tag().code != 9 && reading.tag().code != 0; reading.advance())
+        for (reading.advance(); reading.tag().code != 9 && !reading.isAtRecord(); reading.advance())
             value.put(reading.tag());
         header.set(name, std::move(value));
     }

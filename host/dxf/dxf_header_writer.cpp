@@ -48,7 +48,7 @@ OdDbHeader liveVariables(OdDbDatabase const& database)
         tags.put(tag);
         variables.set(name, std::move(tags));
     };
-    set("ACADVER", OdDbTag::ofText(1, currentRelease().code));
+    set("ACADVER", OdDbTag::ofText(1, releaseOf(kCurrentRelease).code));
     set("HANDSEED", OdDbTag::ofHandle(5, seedOf(database)));
     for (CurrentRecordVariable const& variable : kCurrentRecordVariables)
         if (auto const record = OdSmartPtr<OdDbSymbolTableRecord>(database.current(variable.table).openObject()))

@@ -133,6 +133,11 @@ OdDbObjectId NameIndex::addRecord(OdDbTableKind kind, std::string_view utf8Name)
     return id;
 }
 
+std::string NameIndex::freeName()
+{
+    return "UNNAMED_" + std::to_string(++m_freeNames);
+}
+
 OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)
 {
     return m_database.getTableId(kind).isNull() ? createTable(odDbTableKind(kind), {}) : m_database.table(kind);
@@ -141,7 +146,7 @@ OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)
 void NameIndex::openFreeHandlesAbove(OdDbHandle highest)
 {
     m_hasFreeHandles = true;
-    m_database.raiseHandseed(OdDbHandle(highest.value() + 1));
+    m_database.raiseHandseedAbove(highest);
 }
 
 void NameIndex::openFreeHandles()
@@ -154,7 +159,7 @@ void NameIndex::openFreeHandles()
     try {
         while (source->next(tag) && !tag.is(0, "EOF")) {
             if (tag.kind == OdDbTagKind::kHandle && !isSeed)
-                m_database.raiseHandseed(OdDbHandle(tag.handle().value() + 1));
+                m_database.raiseHandseedAbove(tag.handle());
             isSeed = tag.is(9, "$HANDSEED");
         }
     } catch (OdError const&) {

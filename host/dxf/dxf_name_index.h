@@ -31,6 +31,9 @@ public:
     /// Adds a record under a name that the file does not define.
     OdDbObjectId addRecord(OdDbTableKind kind, std::string_view utf8Name);
 
+    /// A name for a record that lacks one; no other is given out or, but for bad luck, in use.
+    std::string freeName();
+
     /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
     void openFreeHandles();
     /// As openFreeHandles, without looking ahead: the whole file is read, and this was its highest handle.
@@ -62,6 +65,7 @@ private:
     TagSource const& m_source;
     std::array<Names, kOdDbTableKinds> m_names;
     bool m_hasFreeHandles = false;
+    int m_freeNames = 0;
 };
 
 } // namespace dxf

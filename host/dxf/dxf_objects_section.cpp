@@ -23,9 +23,7 @@ OdDbObjectPtr createObject(std::string_view name)
 void readObjects(Reading& reading)
 {
     OdDbDatabase& database = reading.database();
-    while (!reading.isAt(0, "ENDSEC")) {
-        if (reading.isAt(0, "SECTION") || reading.isAt(0, "EOF"))
-            reading.fail(L"The section OBJECTS ends without ENDSEC");
+    while (!reading.isAtSectionEnd()) {
         OdDbObjectPtr const object = createObject(reading.tag().text);
         RecordHead const head = reading.readRecord(*object);
         OdDbObjectId const id = reading.add(*object, reading.names().byHandle(head.owner), head);

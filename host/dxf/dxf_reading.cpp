@@ -4,10 +4,44 @@
 
 namespace dxf {
 
+Reading::Reading(OdDbDatabase& database, TagSource& source, ERelease release, ReadReport& report)
+    : m_database(database), m_source(source), m_release(release), m_report(report), m_names(database, source)
+{
+    m_source.setDamageListener([this](Damage const& damage) { damaged(damage); });
+}
+
+Reading::~Reading()
+{
+    m_source.setDamageListener({});
+}
+
 void Reading::advance()
 {
-    if (!m_source.next(m_tag))
-        fail(L"The file ends without its end mark EOF; it is cut off");
+    if (m_source.next(m_tag))
+        return;
+    m_tag = OdDbTag::ofText(0, "EOF");
+    m_isRecordBroken = true;
+    if (!std::exchange(m_isCutOff, true))
+        note(L"The file ends without its end mark EOF; it is cut off");
+}
+
+void Reading::skipRecord()
+{
+    do
+        advance();
+    while (!isAtRecord());
+}
+
+/// What a source says of damage, with the record that it struck.
+void Reading::damaged(Damage const& damage)
+{
+    m_isRecordBroken |= damage.breaksRecord;
+    if (damage.reason.isEmpty()) {
+        ++m_report.moreNotes;
+        return;
+    }
+    OdString const in = m_recordName.empty() ? OdString() : OdString::fromUtf8(m_recordName) + L": ";
+    note(damage.place, {}, in + damage.reason);
 }
 
 void Reading::takeComments(OdDbTagList& comments)
@@ -30,13 +64,10 @@ void Reading::noteHandle()
         m_highestHandle = std::max(m_highestHandle, m_tag.handle());
 }
 
-void Reading::keepUntil(std::string_view endMark, OdDbTagList& tags)
+void Reading::keepSection(OdDbTagList& tags)
 {
-    for (; !isAt(0, endMark); advance()) {
-        if (isAt(0, "EOF"))
-            fail(odFormat(L"The file ends before %ls", OdString::fromUtf8(endMark).c_str()));
+    for (; !isAtSectionEnd(); advance())
         keep(tags);
-    }
 }
 
 void Reading::keepRecord(OdDbTagList& tags)
@@ -47,16 +78,45 @@ void Reading::keepRecord(OdDbTagList& tags)
     } while (m_tag.code != 0);
 }
 
+/// Layers that are frozen in a viewport stood by name in older files, and so does the source hand them out. False
+/// for a layer that does not exist.
+bool Reading::resolveName()
+{
+    constexpr int kFrozenLayer = 331;
+    if (m_tag.code != kFrozenLayer || m_tag.kind != OdDbTagKind::kText || m_recordName != "VIEWPORT")
+        return true;
+    OdDbObjectId const layer = m_names.find(OdDbTableKind::kLayer, m_tag.text);
+    if (layer.isNull())
+        note(odFormat(L"The layer \"%ls\", which is frozen in a viewport, does not exist",
+                      OdString::fromUtf8(m_tag.text).c_str()));
+    else
+        m_tag = OdDbTag::ofHandle(kFrozenLayer, layer.getHandle());
+    return !layer.isNull();
+}
+
 RecordHead Reading::readRecord(OdDbObject& object)
 {
     RecordHead head;
-    head.line = line();
+    head.place = place();
     OdDbRecordReader reader(object, m_names);
+    std::size_t const firstNote = m_report.notes.size();
+    m_recordName = m_tag.text;
+    m_isRecordBroken = false;
     for (advance(); m_tag.code != 0; advance()) {
         noteHandle();
-        reader.put(m_tag);
+        if (resolveName())
+            reader.put(m_tag);
     }
+    if (!reader.finish())
+        note(head.place, reader.handle(),
+             OdString::fromUtf8(m_recordName) +
+                 L": A group in braces (102) has no end; it is closed at the end of the record");
+    m_recordName = {};
+    head.isBroken = m_isRecordBroken;
     head.handle = reader.handle();
+    // Damage can come before the handle.
+    for (std::size_t i = firstNote; i < m_report.notes.size(); ++i)
+        m_report.notes[i].handle = head.handle;
     head.owner = reader.owner();
     head.isInPaperSpace = reader.isInPaperSpace();
     return head;
@@ -72,15 +132,23 @@ OdDbObjectId Reading::add(OdDbObject& object, OdDbObjectId owner, RecordHead con
         m_names.openFreeHandles();
     OdDbObjectId const id = m_database.addOdDbObject(&object, owner, handle);
     if (isTaken)
-        note(head.line, id.getHandle(),
-             odFormat(L"The handle %ls is in use twice; this object has the handle %ls now",
-                      head.handle.ascii().c_str(), id.getHandle().ascii().c_str()));
+        noteHandleChange(head.place, head.handle, id.getHandle());
     return id;
 }
 
-void Reading::note(std::size_t line, OdDbHandle handle, OdString text)
+void Reading::noteHandleChange(std::size_t place, OdDbHandle inFile, OdDbHandle given)
 {
-    m_report.notes.push_back({line, handle, std::move(text)});
+    note(place, given,
+         odFormat(L"The handle %ls is in use twice; this object has the handle %ls now", inFile.ascii().c_str(),
+                  given.ascii().c_str()));
+}
+
+void Reading::note(std::size_t place, OdDbHandle handle, OdString text)
+{
+    if (m_report.notes.size() == TagSource::kMostReasons)
+        ++m_report.moreNotes;
+    else
+        m_report.notes.push_back({place, handle, std::move(text)});
 }
 
 } // namespace dxf

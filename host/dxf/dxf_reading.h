@@ -8,10 +8,11 @@ namespace dxf {
 /// What a record says of its place in the drawing.
 struct RecordHead
 {
-    std::size_t line = 0;
+    std::size_t place = 0;
     OdDbHandle handle;
     OdDbHandle owner;
     bool isInPaperSpace = false;
+    bool isBroken = false; ///< tags of it are lost
 };
 
 /// What the readers of the sections share while one drawing is read: the place in the file, one tag wide, the
@@ -19,28 +20,35 @@ struct RecordHead
 class Reading
 {
 public:
-    Reading(OdDbDatabase& database, TagSource& source, ReadReport& report)
-        : m_database(database), m_source(source), m_report(report), m_names(database, source)
-    {
-    }
+    Reading(OdDbDatabase& database, TagSource& source, ERelease release, ReadReport& report);
+    ~Reading();
     Reading(Reading const&) = delete;
     Reading& operator=(Reading const&) = delete;
 
     OdDbDatabase& database() { return m_database; }
     NameIndex& names() { return m_names; }
+    ERelease release() const { return m_release; }
 
     /// The tag at which the reading stands.
     OdDbTag const& tag() const { return m_tag; }
     bool isAt(int code, std::string_view text) const { return m_tag.is(code, text); }
-    std::size_t line() const { return m_source.line(); }
-    /// Goes to the next tag; the end of the file is an error.
+    bool isAtRecord() const { return m_tag.code == 0; }
+    /// The reading stands at an end mark of a section or at the begin of the next one: nothing of this one
+    /// follows.
+    bool isAtSectionEnd() const { return isAt(0, "ENDSEC") || isAt(0, "SECTION") || isAt(0, "EOF"); }
+    std::size_t place() const { return m_source.place(); }
+    /// Goes to the next tag. A file that ends without its end mark gets one, and a note.
     void advance();
-    /// Throws the error of the present line.
+    /// Goes to the next group 0.
+    void skipRecord();
+    /// The file ended without its end mark.
+    bool isCutOff() const { return m_isCutOff; }
+    /// Throws the error of the present place.
     [[noreturn]] void fail(OdString const& reason) const { m_source.fail(reason); }
     /// Puts comments, if the reading stands at some, into the list.
     void takeComments(OdDbTagList& comments);
-    /// Puts the tags from here to the end mark of group 0 into the list as they are; stands at the mark then.
-    void keepUntil(std::string_view endMark, OdDbTagList& tags);
+    /// Puts the tags from here to the end of the section into the list as they are; stands at the end then.
+    void keepSection(OdDbTagList& tags);
     /// Puts the record at which the reading stands into the list; stands at the next group 0 then.
     void keepRecord(OdDbTagList& tags);
     /// Reads the record at which the reading stands into the object; stands at the next group 0 then.
@@ -50,17 +58,27 @@ public:
     OdDbObjectId add(OdDbObject& object, OdDbObjectId owner, RecordHead const& head);
     /// Nothing more is read; objects that are added from now on get free handles.
     void allRecordsRead() { m_names.openFreeHandlesAbove(m_highestHandle); }
-    void note(std::size_t line, OdDbHandle handle, OdString text);
+    void note(std::size_t place, OdDbHandle handle, OdString text);
+    /// Notes that an object could not have the handle that its record names.
+    void noteHandleChange(std::size_t place, OdDbHandle inFile, OdDbHandle given);
+    /// A note at the present place that is not about one object.
+    void note(OdString text) { note(place(), {}, std::move(text)); }
 
 private:
     void keep(OdDbTagList& tags);
     void noteHandle();
+    bool resolveName();
+    void damaged(Damage const& damage);
 
     OdDbDatabase& m_database;
     TagSource& m_source;
+    ERelease m_release;
     ReadReport& m_report;
     NameIndex m_names;
     OdDbTag m_tag;
+    std::string_view m_recordName; ///< of the record that is being read; empty between records
+    bool m_isRecordBroken = false;
+    bool m_isCutOff = false;
     OdDbHandle m_highestHandle; ///< in records and kept tags, references to nothing included
 };
 

@@ -25,27 +25,48 @@ void readTableRecord(Reading& reading, OdDbTableKindInfo const& kind, OdDbSymbol
 {
     OdSmartPtr<OdDbSymbolTableRecord> const record = OdRxObjectPtr(kind.recordClass()->create());
     RecordHead head = reading.readRecord(*record);
+    bool const lacksName = record->getName().isEmpty() && !record->isNameless();
+    if (lacksName)
+        record->setName(OdString::fromUtf8(reading.names().freeName()));
     // What was read before refers to the record under the handle that came with its name.
     OdDbObjectId const found = reading.names().find(kind.kind, record->getName().toUtf8());
+    OdDbHandle const inFile = head.handle;
     if (!found.isNull() && !found.isValid())
         head.handle = found.getHandle();
+    if (!inFile.isNull() && inFile != head.handle)
+        reading.noteHandleChange(head.place, inFile, head.handle);
     reading.add(*record, table.objectId(), head);
+    if (lacksName)
+        reading.note(head.place, record->getDbHandle(),
+                     odFormat(L"A record of the table %ls had no name; it is \"%ls\" now",
+                              OdString::fromUtf8(kind.fileName).c_str(), record->getName().c_str()));
     table.adopt(*record);
     reading.names().noteRead(kind.kind, *record);
+}
+
+bool isTableEnd(Reading const& reading)
+{
+    return reading.isAt(0, "ENDTAB") || reading.isAt(0, "TABLE") || reading.isAtSectionEnd();
 }
 
 void readKnownTable(Reading& reading, OdDbTableKindInfo const& kind, OdDbTagList& unknownRecords)
 {
     OdDbSymbolTable& table = reading.names().table(kind.kind);
     readHead(reading, table);
-    while (!reading.isAt(0, "ENDTAB")) {
+    while (!isTableEnd(reading)) {
         if (reading.isAt(0, kind.fileName))
             readTableRecord(reading, kind, table);
-        else if (reading.isAt(0, "ENDSEC") || reading.isAt(0, "TABLE") || reading.isAt(0, "EOF"))
-            reading.fail(L"A table ends without ENDTAB");
         else
             reading.keepRecord(unknownRecords);
     }
+}
+
+/// Damage: goes to the next table or to the end of the section.
+void skipToTable(Reading& reading, OdString const& reason)
+{
+    reading.note(reason + L"; what stands up to the next table is left out");
+    while (!reading.isAt(0, "TABLE") && !reading.isAtSectionEnd())
+        reading.advance();
 }
 
 void readTable(Reading& reading)
@@ -54,15 +75,20 @@ void readTable(Reading& reading)
     reading.advance();
     reading.takeComments(comments);
     if (reading.tag().code != 2)
-        reading.fail(L"A table begins without its name (group 2)");
+        return skipToTable(reading, L"A table begins without its name (group 2)");
     auto& tables = reading.database().fileContent().tables;
     tables.push_back({std::string(reading.tag().text), std::move(comments)});
     reading.advance();
     if (OdDbTableKindInfo const* const kind = odDbFindTableKind(tables.back().name))
         readKnownTable(reading, *kind, tables.back().tags);
     else
-        reading.keepUntil("ENDTAB", tables.back().tags);
-    reading.advance();
+        while (!isTableEnd(reading))
+            reading.keepRecord(tables.back().tags);
+    if (reading.isAt(0, "ENDTAB"))
+        reading.advance();
+    else if (!reading.isCutOff())
+        reading.note(
+            odFormat(L"The table %ls ends without ENDTAB", OdString::fromUtf8(tables.back().name).c_str()));
     reading.takeComments(tables.back().tags);
 }
 
@@ -70,10 +96,11 @@ void readTable(Reading& reading)
 
 void readTables(Reading& reading)
 {
-    while (!reading.isAt(0, "ENDSEC")) {
-        if (!reading.isAt(0, "TABLE"))
-            reading.fail(L"A table or ENDSEC is expected here");
-        readTable(reading);
+    while (!reading.isAtSectionEnd()) {
+        if (reading.isAt(0, "TABLE"))
+            readTable(reading);
+        else
+            skipToTable(reading, L"A table or ENDSEC is expected here");
     }
 }
 

@@ -2,10 +2,9 @@
 
 namespace dxf {
 
-void TagSource::fail(OdString const& reason, std::size_t line) const
+void TagSource::fail(OdString const& reason, std::size_t place) const
 {
-    throw OdError(eInvalidFile,
-                  odFormat(L"%ls:%lld: %ls", m_path.c_str(), static_cast<long long>(line), reason.c_str()));
+    throw OdError(eInvalidFile, m_path + placeText(place) + L": " + reason);
 }
 
 } // namespace dxf

@@ -4,6 +4,7 @@
 
 #include "host/db/od_dxf_code.h"
 #include "host/dxf/dxf_content_kind.h"
+#include "host/dxf/dxf_hex_digit.h"
 #include "host/ut/ut_number.h"
 
 #include <charconv>
@@ -27,23 +28,54 @@ bool isBlank(char ch)
     return ch == ' ' || ch == '\t';
 }
 
-int hexDigit(char ch)
-{
-    if (ch >= '0' && ch <= '9')
-        return ch - '0';
-    if (ch >= 'A' && ch <= 'F')
-        return ch - 'A' + 10;
-    if (ch >= 'a' && ch <= 'f')
-        return ch - 'a' + 10;
-    return -1;
-}
-
 /// A part of a wrong line that a message can show.
 OdString shown(std::string_view text)
 {
     constexpr std::size_t kLongest = 40;
     OdString wide = OdString::fromUtf8(text.substr(0, kLongest));
     return text.size() > kLongest ? wide + L"..." : wide;
+}
+
+/// Integers at the limits, and those that some programs write as reals.
+bool parseInteger(std::string_view text, std::int64_t& value)
+{
+    constexpr double kLimit = 9.2e18;
+    std::string_view digits = trimmed(text);
+    if (digits.starts_with('+') && !digits.substr(1).starts_with('-'))
+        digits.remove_prefix(1);
+    auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error == std::errc() && end == digits.data() + digits.size())
+        return true;
+    double real = 0;
+    if (!ut::parseReal(digits, real) || real != std::trunc(real) || std::abs(real) > kLimit)
+        return false;
+    value = static_cast<std::int64_t>(real);
+    return true;
+}
+
+bool isAllBlank(char const* first, char const* last)
+{
+    return std::all_of(first, last, [](char ch) { return kBlanks.find(ch) != std::string_view::npos; });
+}
+
+/// Any name of a record that files can hold in all their forms.
+bool canBeName(std::string_view text)
+{
+    constexpr char kFirstPrintable = ' ';
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](char ch) { return ch < 0 || ch >= kFirstPrintable; });
+}
+
+/// The names of records are in capitals.
+bool isRecordName(std::string_view text)
+{
+    constexpr std::size_t kShortest = 2;
+    constexpr std::size_t kLongest = 64;
+    auto const isCapital = [](char ch) { return ch >= 'A' && ch <= 'Z'; };
+    return text.size() >= kShortest && text.size() <= kLongest &&
+           std::any_of(text.begin(), text.end(), isCapital) && std::all_of(text.begin(), text.end(), [&](char ch) {
+               return isCapital(ch) || (ch >= '0' && ch <= '9') || ch == '_';
+           });
 }
 
 } // namespace
@@ -64,37 +96,64 @@ std::unique_ptr<TagSource> TextSource::fromStart() const
     return std::make_unique<TextSource>(path(), m_bytes, m_decoder);
 }
 
+OdString TextSource::placeText(std::size_t place) const
+{
+    return odFormat(L":%lld", static_cast<long long>(place));
+}
+
 bool TextSource::next(OdDbTag& tag)
 {
-    if (m_at == m_end)
-        return false;
-    m_line += m_line == 0 ? 1 : 2;
-    if (!readCode())
-        return false;
-    tag.code = static_cast<std::int16_t>(m_code);
-    if (m_at == m_end)
-        fail(odFormat(L"The file ends behind the group code %d; it is cut off", m_code));
+    while (m_at != m_end) {
+        m_line = m_nextLine;
+        char const* const line = m_at;
+        switch (readCode()) {
+        case ELine::kNothing: return false;
+        case ELine::kNoCode:
+            if (!findNextRecord(line, L"a group code"))
+                return false;
+            continue;
+        case ELine::kCode: break;
+        }
+        tag.code = static_cast<std::int16_t>(m_code);
+        if (m_at == m_end) {
+            tellDamage(m_line, odFormat(L"The file ends behind the group code %d; it is cut off", m_code), true);
+            return false;
+        }
+        m_nextLine = m_line + 2;
+        char const* const value = m_at;
+        if (!readValue(tag))
+            continue;
+        if (m_code != 0 || canBeName(tag.text))
+            return true;
+        ++m_line; // of the value
+        if (!findNextRecord(value, L"the name of a record"))
+            return false;
+    }
+    return false;
+}
+
+/// False for a value that the group cannot have.
+bool TextSource::readValue(OdDbTag& tag)
+{
     switch (OdDxfCode::_getType(m_code)) {
     case OdDxfCode::kReal:
     case OdDxfCode::kAngle:
-    case OdDxfCode::kPoint: readReal(tag); break;
+    case OdDxfCode::kPoint: return readReal(tag);
     case OdDxfCode::kBool:
     case OdDxfCode::kInt16:
     case OdDxfCode::kInt32:
-    case OdDxfCode::kInt64: readInteger(tag); break;
+    case OdDxfCode::kInt64: return readInteger(tag);
     case OdDxfCode::kHandle:
     case OdDxfCode::kSoftPointer:
     case OdDxfCode::kHardPointer:
     case OdDxfCode::kSoftOwner:
-    case OdDxfCode::kHardOwner: readHandle(tag); break;
-    case OdDxfCode::kBinary: readBinary(tag); break;
-    default: readText(tag);
+    case OdDxfCode::kHardOwner: return readHandle(tag);
+    case OdDxfCode::kBinary: return readBinary(tag);
+    default: return readText(tag);
     }
-    return true;
 }
 
-/// False when only empty lines are left, which are no tag.
-bool TextSource::readCode()
+TextSource::ELine TextSource::readCode()
 {
     constexpr int kLast = 9999;
     char const* p = m_at;
@@ -112,20 +171,80 @@ bool TextSource::readCode()
         ++p;
     m_code = isNegative ? -code : code;
     if (hasDigits && code <= kLast && endLine(p))
+        return ELine::kCode;
+    return isAllBlank(m_at, m_end) ? ELine::kNothing : ELine::kNoCode;
+}
+
+/// Goes on, behind a line that is not what is due, at the next thing that looks like the begin of a record: a 0 on
+/// a line of its own with a name in capitals below it. That line itself may be the name. False when none follows.
+bool TextSource::findNextRecord(char const* wrongLine, wchar_t const* due)
+{
+    m_at = wrongLine;
+    std::string_view const wrong = trimmed(readLine());
+    auto const reason = [&] { return odFormat(L"\"%ls\" is not %ls", shown(wrong).c_str(), due); };
+    if (std::string_view const before = lineBefore(wrongLine); trimmed(before) == "0" && isRecordName(wrong)) {
+        tellDamage(
+            m_line,
+            [&] { return reason() + L", but the name of a record; a line before it is missing or too much"; },
+            true);
+        m_at = before.data();
+        m_nextLine = m_line - 1;
         return true;
-    if (trimmed({m_at, static_cast<std::size_t>(m_end - m_at)}).empty())
-        return false;
-    fail(odFormat(L"\"%ls\" is not a group code", shown(trimmed(readLine())).c_str()));
+    }
+    for (std::size_t line = m_line + 1; m_at != m_end; ++line) {
+        char const* const begin = m_at;
+        if (trimmed(readLine()) != "0")
+            continue;
+        char const* const behindCode = m_at;
+        bool const isRecord = isRecordName(trimmed(readLine()));
+        m_at = isRecord ? begin : behindCode;
+        if (!isRecord)
+            continue;
+        tellDamage(
+            m_line,
+            [&] {
+                return reason() +
+                       odFormat(L"; what stands up to line %lld is left out", static_cast<long long>(line - 1));
+            },
+            true);
+        m_nextLine = line;
+        return true;
+    }
+    tellDamage(
+        m_line, [&] { return reason() + L"; the rest of the file is left out"; }, true);
+    return false;
+}
+
+/// The line that ends where the one given begins.
+std::string_view TextSource::lineBefore(char const* line) const
+{
+    auto const isEnd = [](char ch) { return ch == '\n' || ch == '\r'; };
+    char const* const begin = m_bytes.data();
+    char const* end = line;
+    while (end != begin && isEnd(end[-1]))
+        --end;
+    char const* first = end;
+    while (first != begin && !isEnd(first[-1]))
+        --first;
+    return {first, static_cast<std::size_t>(end - first)};
 }
 
 /// Moves to the next line when the place given is the end of this one.
 bool TextSource::endLine(char const* at)
 {
-    if (at != m_end && *at == '\r')
-        ++at;
-    if (at != m_end && *at != '\n')
+    if (at == m_end) {
+        m_at = at;
+        return true;
+    }
+    if (*at == '\r') {
+        // CR alone, too, ends a line; one or two of them before LF are one end.
+        std::string_view const rest(at, static_cast<std::size_t>(m_end - at));
+        m_at = at + (rest.starts_with("\r\n") ? 2 : rest.starts_with("\r\r\n") ? 3 : 1);
+        return true;
+    }
+    if (*at != '\n')
         return false;
-    m_at = at == m_end ? at : at + 1;
+    m_at = at + 1;
     return true;
 }
 
@@ -133,32 +252,38 @@ std::string_view TextSource::readLine()
 {
     char const* const begin = m_at;
     char const* p = begin;
-    while (p != m_end && *p != '\n')
+    while (p != m_end && *p != '\n' && *p != '\r')
         ++p;
-    m_at = p == m_end ? p : p + 1;
-    if (p != begin && p[-1] == '\r')
-        --p;
+    endLine(p);
     return {begin, static_cast<std::size_t>(p - begin)};
 }
 
-void TextSource::readText(OdDbTag& tag)
+bool TextSource::readText(OdDbTag& tag)
 {
     constexpr unsigned char kNotAscii = 0x80;
+    constexpr std::size_t kLongest = std::size_t{1}
+                                     << 24; // what is longer is no text, and would take up the memory
     char const* const begin = m_at;
     char const* p = begin;
     bool mayNeedDecoding = false;
-    for (; p != m_end && *p != '\n'; ++p)
+    for (; p != m_end && *p != '\n' && *p != '\r'; ++p)
         mayNeedDecoding |= static_cast<unsigned char>(*p) >= kNotAscii || *p == '\\';
-    m_at = p == m_end ? p : p + 1;
-    if (p != begin && p[-1] == '\r')
-        --p;
+    endLine(p);
     tag.kind = OdDbTagKind::kText;
     tag.text = {begin, static_cast<std::size_t>(p - begin)};
+    if (tag.text.size() > kLongest) {
+        tellDamage(
+            m_line + 1,
+            odFormat(L"The line is longer than %lld bytes; it is left out", static_cast<long long>(kLongest)),
+            m_code == 0);
+        return false;
+    }
     if (mayNeedDecoding && m_code != 0)
         tag.text = m_decoder.decode(tag.text);
+    return true;
 }
 
-void TextSource::readReal(OdDbTag& tag)
+bool TextSource::readReal(OdDbTag& tag)
 {
     tag.kind = OdDbTagKind::kReal;
     tag.text = {};
@@ -167,13 +292,12 @@ void TextSource::readReal(OdDbTag& tag)
         ++p;
     auto const [end, error] = std::from_chars(p, m_end, tag.real);
     if (error == std::errc() && std::isfinite(tag.real) && endLine(end))
-        return;
+        return true;
     std::string_view const text = readLine();
-    if (!ut::parseReal(text, tag.real))
-        failValue(L"a number", text);
+    return ut::parseReal(text, tag.real) || refuseValue(L"a number", text);
 }
 
-void TextSource::readInteger(OdDbTag& tag)
+bool TextSource::readInteger(OdDbTag& tag)
 {
     constexpr std::int64_t kSafe = std::numeric_limits<std::int64_t>::max() / 10 - 1;
     tag.kind = OdDbTagKind::kInteger;
@@ -188,31 +312,16 @@ void TextSource::readInteger(OdDbTag& tag)
     std::int64_t value = 0;
     for (; p != m_end && *p >= '0' && *p <= '9' && value < kSafe; ++p)
         value = value * 10 + (*p - '0');
-    if (p != digits && endLine(p))
+    if (p != digits && endLine(p)) {
         tag.integer = isNegative ? -value : value;
-    else
-        tag.integer = integerOf(readLine());
-}
-
-/// Integers at the limits, and those that some programs write as reals.
-std::int64_t TextSource::integerOf(std::string_view text) const
-{
-    constexpr double kLimit = 9.2e18;
-    std::string_view digits = trimmed(text);
-    if (digits.starts_with('+') && !digits.substr(1).starts_with('-'))
-        digits.remove_prefix(1);
-    std::int64_t value = 0;
-    auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (error == std::errc() && end == digits.data() + digits.size())
-        return value;
-    double real = 0;
-    if (!ut::parseReal(digits, real) || real != std::trunc(real) || std::abs(real) > kLimit)
-        failValue(L"an integer", text);
-    return static_cast<std::int64_t>(real);
+        return true;
+    }
+    std::string_view const text = readLine();
+    return parseInteger(text, tag.integer) || refuseValue(L"an integer", text);
 }
 
 /// Text that is no handle is kept as text: some files hold names in places where handles are due.
-void TextSource::readHandle(OdDbTag& tag)
+bool TextSource::readHandle(OdDbTag& tag)
 {
     constexpr int kMostDigits = 16;
     char const* p = m_at;
@@ -228,33 +337,39 @@ void TextSource::readHandle(OdDbTag& tag)
         tag.kind = OdDbTagKind::kHandle;
         tag.integer = static_cast<std::int64_t>(value);
         tag.text = {};
-    } else {
-        readText(tag);
+        return true;
     }
+    return readText(tag);
 }
 
 /// Text that is no run of hexadecimal pairs is kept as text.
-void TextSource::readBinary(OdDbTag& tag)
+bool TextSource::readBinary(OdDbTag& tag)
 {
-    readText(tag);
+    if (!readText(tag))
+        return false;
     std::string_view const digits = trimmed(tag.text);
     if (digits.size() % 2 != 0)
-        return;
+        return true;
     m_binary.clear();
     for (std::size_t i = 0; i < digits.size(); i += 2) {
         int const high = hexDigit(digits[i]), low = hexDigit(digits[i + 1]);
         if (high < 0 || low < 0)
-            return;
+            return true;
         m_binary += static_cast<char>(high << 4 | low);
     }
     tag.kind = OdDbTagKind::kBinary;
     tag.text = m_binary;
+    return true;
 }
 
-void TextSource::failValue(wchar_t const* what, std::string_view text) const
+bool TextSource::refuseValue(wchar_t const* what, std::string_view text)
 {
-    fail(odFormat(L"\"%ls\" is not %ls, which group %d needs", shown(trimmed(text)).c_str(), what, m_code),
-         m_line + 1);
+    auto const reason = [&] {
+        return odFormat(L"\"%ls\" is not %ls, which group %d needs; it is left out", shown(trimmed(text)).c_str(),
+                        what, m_code);
+    };
+    tellDamage(m_line + 1, reason, false);
+    return false;
 }
 
 } // namespace dxf

@@ -5,7 +5,7 @@
 
 namespace dxf {
 
-/// Tags of a text file: a line with the group code, a line with the value. Lines end with LF or CRLF.
+/// Tags of a text file: a line with the group code, a line with the value. Lines end with LF, CRLF or CR.
 class TextSource final : public TagSource
 {
 public:
@@ -13,26 +13,36 @@ public:
     TextSource(OdString path, std::string_view bytes, TextDecoder& decoder);
 
     bool next(OdDbTag& tag) override;
-    std::size_t line() const override { return m_line; }
+    std::size_t place() const override { return m_line; }
+    OdString placeText(std::size_t place) const override;
     std::unique_ptr<TagSource> fromStart() const override;
 
 private:
-    bool readCode();
+    enum class ELine
+    {
+        kCode,
+        kNoCode,
+        kNothing ///< nothing but blanks up to the end of the file
+    };
+    ELine readCode();
+    bool readValue(OdDbTag& tag);
+    bool findNextRecord(char const* wrongLine, wchar_t const* due);
+    std::string_view lineBefore(char const* line) const;
     std::string_view readLine();
     bool endLine(char const* at);
-    void readText(OdDbTag& tag);
-    void readReal(OdDbTag& tag);
-    void readInteger(OdDbTag& tag);
-    void readHandle(OdDbTag& tag);
-    void readBinary(OdDbTag& tag);
-    std::int64_t integerOf(std::string_view text) const;
-    [[noreturn]] void failValue(wchar_t const* what, std::string_view text) const;
+    bool readText(OdDbTag& tag);
+    bool readReal(OdDbTag& tag);
+    bool readInteger(OdDbTag& tag);
+    bool readHandle(OdDbTag& tag);
+    bool readBinary(OdDbTag& tag);
+    bool refuseValue(wchar_t const* what, std::string_view text);
 
     std::string_view m_bytes;
     TextDecoder& m_decoder;
     char const* m_at;
     char const* m_end;
-    std::size_t m_line = 0;
+    std::size_t m_line = 0;     ///< of the group code read last
+    std::size_t m_nextLine = 1; ///< at which m_at stands, when a group code begins there
     int m_code = 0;
     std::string m_binary; ///< bytes of the last binary value
 };

@@ -140,4 +140,6 @@ struct OdDbSection
     bool continues = false;
     /// For sections that stand in for one another; null: always.
     bool (*isWritten)(OdDbObject const& object) = nullptr;
+    /// readReference is asked for text too: other objects by name, as older drawings refer to them.
+    bool readsNames = false;
 };

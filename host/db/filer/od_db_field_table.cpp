@@ -62,10 +62,11 @@ bool takes(OdDbField const& field, OdDbTag const& tag)
     return false;
 }
 
-OdString recordName(OdDbObjectId id)
+OdString const& recordName(OdDbObjectId id)
 {
+    static OdString const s_none;
     auto const* record = id.isValid() ? odCast<OdDbSymbolTableRecord>(id.stub()->object) : nullptr;
-    return record ? record->getName() : OdString();
+    return record ? record->getName() : s_none;
 }
 
 void put(OdDbField const& field, void* place, OdDbTagSink& sink)
@@ -176,23 +177,26 @@ bool OdDbFieldTable::readInGroup(OdDbObject& object, Group const& group, OdDbTag
         OdDbSection const& section = m_sections[static_cast<std::size_t>(sectionNumber)];
         if (section.readTail && section.readTail(object, tag))
             return true;
-        if (section.readReference && tag.kind == OdDbTagKind::kHandle &&
-            section.readReference(object, tag, resolver))
+        bool const mayRefer =
+            tag.kind == OdDbTagKind::kHandle || (section.readsNames && tag.kind == OdDbTagKind::kText);
+        if (section.readReference && mayRefer && section.readReference(object, tag, resolver))
             return true;
     }
     return false;
 }
 
-void OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sink) const
+bool OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sink) const
 {
     // Reading a place never changes the object; the accessors are shared with reading.
     auto& source = const_cast<OdDbObject&>(object);
     OdDbObject& defaults = prototype(object);
+    bool isWritten = false;
     for (int const sectionNumber : m_groups[static_cast<std::size_t>(group)].sections) {
         auto const index = static_cast<std::size_t>(sectionNumber);
         OdDbSection const& section = m_sections[index];
         if (section.isWritten && !section.isWritten(object))
             continue;
+        isWritten = true;
         if (!section.marker.empty() && !section.continues)
             sink.text(100, section.marker);
         int number = m_firstField[index];
@@ -206,6 +210,7 @@ void OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sin
         if (section.writeTail)
             section.writeTail(object, sink);
     }
+    return isWritten;
 }
 
 bool OdDbFieldTable::wasRead(OdDbObject const& object, int group) const

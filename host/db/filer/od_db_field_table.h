@@ -28,8 +28,8 @@ public:
     /// Gives the tag to the field that it belongs to; group -1 (a file without markers) searches all groups.
     /// False when no field and no tail takes it.
     bool read(OdDbObject& object, int group, OdDbTag const& tag, OdDbReferenceResolver& resolver) const;
-    /// Writes the marker, the fields and the tails of one group.
-    void write(OdDbObject const& object, int group, OdDbTagSink& sink) const;
+    /// Writes the marker, the fields and the tails of one group; false when another group stands in for it.
+    bool write(OdDbObject const& object, int group, OdDbTagSink& sink) const;
     /// The file that the object came from had fields of this group.
     bool wasRead(OdDbObject const& object, int group) const;
 

@@ -36,6 +36,14 @@ void OdDbRecordReader::put(OdDbTag const& tag)
     }
 }
 
+bool OdDbRecordReader::finish()
+{
+    if (m_braces == EBraces::kNone)
+        return true;
+    takeGroupTag(OdDbTag::ofText(kBraces, "}"));
+    return false;
+}
+
 bool OdDbRecordReader::takeEnvelope(OdDbTag const& tag)
 {
     if (tag.code == kBraces && tag.text.starts_with('{')) {

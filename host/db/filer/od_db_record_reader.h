@@ -10,6 +10,8 @@ public:
     OdDbRecordReader(OdDbObject& object, OdDbReferenceResolver& resolver);
 
     void put(OdDbTag const& tag);
+    /// Behind the last tag. False when a group in braces lacked its end, which it has now.
+    bool finish();
 
     /// Null when the record has none.
     OdDbHandle handle() const { return m_handle; }

@@ -50,10 +50,17 @@ void odDbWriteRecord(OdDbObject const& object, OdDbTagSink& sink)
     sink.text(0, object.dxfName());
     writeEnvelope(object, sink);
     writeKept(object, -1, sink);
-    for (int group = 0; group < table.numGroups(); ++group) {
-        table.write(object, group, sink);
-        writeKept(object, group, sink);
-    }
+    // What was kept of a group that another one stands in for goes behind that one: without a marker of its own it
+    // would be taken for a part of the group before it.
+    int firstKept = 0;
+    auto const writeKeptBelow = [&](int end) {
+        for (; firstKept < end; ++firstKept)
+            writeKept(object, firstKept, sink);
+    };
+    for (int group = 0; group < table.numGroups(); ++group)
+        if (table.write(object, group, sink))
+            writeKeptBelow(group + 1);
+    writeKeptBelow(table.numGroups());
     if (OdDbObjectExtras const* const extras = object.extras())
         extras->extendedData.writeTo(sink);
 }
