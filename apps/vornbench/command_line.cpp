@@ -9,9 +9,9 @@ namespace {
 constexpr char const* version = "vornbench 0.1.0";
 
 constexpr char const* description =
-    "Runs command tests and other test modules inside the embedded CAD application.";
+    "Runs command tests and other test modules inside the embedded CAD application; audits and converts drawings.";
 
-constexpr char const* footer = R"(
+constexpr char const* testsFooter = R"(
 Filters
   NAME            the suite or test of that name, or any test below a part of that path:
                   Drawing, Drawing/Lines, Lines/short
@@ -22,11 +22,17 @@ Filters
 Exit codes
   0  all selected tests passed       3  internal error, or a report could not be written
   1  some tests failed               4  command line or configuration cannot be used
-  2  interrupted                     5  no test selected
+  2  interrupted                     5  no test selected)";
+
+constexpr char const* drawingsFooter = R"(
+Exit codes
+  0  nothing to complain of          3  internal error
+  1  audit: something was mended, left out or found
+  4  a drawing could not be opened or saved, or the command line cannot be used
 
 Drawings
-  Drawings are saved as DXF text whatever the extension of the file, also as NAME.dwg. Files are
-  recognised by their content when they are opened, so such drawings open again under that name.)";
+  DXF as text or binary, R12 to R2018 and older ones that are like R12; files are recognised by
+  their content whatever the extension. Saving replaces a file as a whole or leaves it as it was.)";
 
 void addSelection(CLI::App& command, Options& options)
 {
@@ -64,6 +70,42 @@ CLI::App* addList(CLI::App& app, Options& options)
     return list;
 }
 
+CLI::App* addAudit(CLI::App& app, Options& options)
+{
+    CLI::App* const audit = app.add_subcommand("audit", "say what drawings are made of and what is wrong in them");
+    audit->add_option("FILE", options.drawings, "drawings")->required()->type_name(" ");
+    audit->add_flag("--json", options.json, "one JSON document for all drawings, for other programs");
+    return audit;
+}
+
+CLI::App* addConvert(CLI::App& app, Options& options)
+{
+    CLI::App* const convert = app.add_subcommand("convert", "save a drawing in another release or form");
+    convert->add_option("IN", options.input, "drawing to open")->required()->type_name(" ");
+    convert->add_option("OUT", options.output, "drawing to save; may be the same file")
+        ->required()
+        ->type_name(" ");
+    convert->add_option("--release", options.release, "such as R12, R2000 or AC1015; without it that of IN")
+        ->type_name("R");
+    convert->add_flag("--binary", options.binary, "binary form; without it the form of IN");
+    return convert;
+}
+
+/// A command of the program, and what it is in the options.
+struct Subcommand
+{
+    Command command;
+    CLI::App* (*add)(CLI::App& app, Options& options);
+    char const* footer;
+};
+
+constexpr Subcommand subcommands[] = {
+    {Command::Run, &addRun, testsFooter},
+    {Command::List, &addList, testsFooter},
+    {Command::Audit, &addAudit, drawingsFooter},
+    {Command::Convert, &addConvert, drawingsFooter},
+};
+
 } // namespace
 
 std::variant<Options, ExitCode> parseCommandLine(int argc, char const* const* argv, std::ostream& out,
@@ -73,23 +115,22 @@ std::variant<Options, ExitCode> parseCommandLine(int argc, char const* const* ar
     CLI::App app(description, "vornbench");
     app.set_version_flag("--version", version);
     app.require_subcommand(0, 1); // one is needed, but a misspelt one shall be named in the message
-    app.footer(footer);
+    app.footer(testsFooter);
     app.get_formatter()->column_width(26);
     app.get_formatter()->label("REQUIRED", "");
-    CLI::App* const run = addRun(app, options);
-    run->footer(footer);
-    CLI::App* const list = addList(app, options);
-    list->footer(footer);
+    for (Subcommand const& subcommand : subcommands)
+        subcommand.add(app, options)->footer(subcommand.footer)->final_callback([&] {
+            options.command = subcommand.command;
+        });
     try {
         app.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
         // Its own exit codes are of no use to callers: asking for help is success, anything else wrong usage.
         return app.exit(error, out, err) == 0 ? ExitCode::AllPassed : ExitCode::Usage;
     }
-    if (!run->parsed() && !list->parsed()) {
-        err << "vornbench: what to do is missing: run or list (--help tells more)\n";
+    if (app.get_subcommands().empty()) {
+        err << "vornbench: what to do is missing: run, list, audit or convert (--help tells more)\n";
         return ExitCode::Usage;
     }
-    options.command = list->parsed() ? Command::List : Command::Run;
     return options;
 }

@@ -8,5 +8,10 @@ enum class ExitCode
     Interrupted = 2,
     InternalError = 3,
     Usage = 4, ///< command line or configuration
-    NothingSelected = 5
+    NothingSelected = 5,
+
+    // The same numbers for commands on drawings.
+    FilesFine = 0,
+    FilesDamaged = 1, ///< something was mended, left out or found
+    FileUnusable = 4  ///< could not be opened or saved
 };

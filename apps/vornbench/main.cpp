@@ -13,6 +13,8 @@ ExitCode execute(Options const& options)
     switch (options.command) {
     case Command::Run: return runTests(options);
     case Command::List: return listTests(options);
+    case Command::Audit: return auditDrawings(options);
+    case Command::Convert: return convertDrawing(options);
     }
     return ExitCode::InternalError;
 }

@@ -6,7 +6,9 @@
 enum class Command
 {
     Run,
-    List
+    List,
+    Audit,
+    Convert
 };
 enum class Verbosity
 {
@@ -25,4 +27,11 @@ struct Options
     std::string resultsFile; ///< empty: no results log
     bool color = true;       ///< colours where the output is a terminal
     Verbosity verbosity = Verbosity::Normal;
+
+    std::vector<std::string> drawings; ///< to audit
+    bool json = false;
+    std::string input;   ///< drawing to convert
+    std::string output;  ///< where to save it
+    std::string release; ///< to convert to; empty: that of the drawing
+    bool binary = false; ///< convert to binary form, whatever the form of the drawing
 };

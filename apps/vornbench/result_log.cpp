@@ -1,6 +1,6 @@
 #include "apps/vornbench/result_log.h"
 
-#include "apps/vornbench/legal_text.h"
+#include "apps/vornbench/json_object.h"
 #include "apps/vornbench/usage_error.h"
 
 #include <cerrno>
@@ -21,46 +21,15 @@ std::string numberText(double value)
     return std::string(text, end);
 }
 
-/// One JSON object on a line of its own.
-class Record
+JsonObject& addLocation(JsonObject& object, FileLocation const& place)
 {
-public:
-    Record(std::string_view key, std::string_view value) { text(key, value); }
-
-    Record& text(std::string_view name, std::string_view value) { return raw(name, jsonString(value)); }
-    Record& count(std::string_view name, std::size_t value) { return raw(name, std::to_string(value)); }
-    Record& seconds(std::string_view name, double value) { return raw(name, numberText(value)); }
-    Record& raw(std::string_view name, std::string const& json)
-    {
-        m_json += m_json.empty() ? "{" : ",";
-        m_json.append("\"").append(name).append("\":").append(json);
-        return *this;
-    }
-    Record& location(FileLocation const& place)
-    {
-        if (!place.file.empty())
-            text("file", place.file).raw("line", std::to_string(place.line));
-        return *this;
-    }
-    std::string object() const { return m_json + "}"; }
-
-private:
-    std::string m_json;
-};
-
-template <typename Item, typename Render>
-std::string jsonArray(std::vector<Item> const& items, Render render)
-{
-    std::string json;
-    for (Item const& item : items)
-        json += (json.empty() ? "[" : ",") + render(item);
-    return json.empty() ? "[]" : json + "]";
+    return place.file.empty() ? object : object.text("file", place.file).raw("line", std::to_string(place.line));
 }
 
 std::string failureObject(TestFailureRecord const& failure)
 {
-    Record record("kind", failure.isError ? "error" : "failure");
-    record.location(failure.location).text("message", failure.summary);
+    JsonObject record("kind", failure.isError ? "error" : "failure");
+    addLocation(record, failure.location).text("message", failure.summary);
     record.raw("details", jsonArray(failure.details, jsonString));
     if (!failure.source.file.empty())
         record.text("source", failure.source.text());
@@ -93,7 +62,7 @@ ResultLog::~ResultLog()
 
 void ResultLog::runStarted(RunPlan const& plan)
 {
-    m_buffer += Record("event", "run")
+    m_buffer += JsonObject("event", "run")
                     .text("config", plan.config)
                     .text("time", nowText())
                     .count("selected", plan.selected)
@@ -105,16 +74,19 @@ void ResultLog::runStarted(RunPlan const& plan)
 
 void ResultLog::testStarted(CatalogEntry const& entry)
 {
-    m_buffer += Record("event", "start").text("test", entry.name).object() + "\n";
+    m_buffer += JsonObject("event", "start").text("test", entry.name).object() + "\n";
     flush();
 }
 
 void ResultLog::testEnded(TestOutcome const& outcome)
 {
-    Record record("event", "end");
-    record.text("test", outcome.entry->name).text("result", outcome.word()).seconds("seconds", outcome.seconds);
+    JsonObject record("event", "end");
+    record.text("test", outcome.entry->name)
+        .text("result", outcome.word())
+        .raw("seconds", numberText(outcome.seconds));
     if (outcome.body)
-        record.seconds("bodySeconds", outcome.body->wall).seconds("bodyCpuSeconds", outcome.body->cpu);
+        record.raw("bodySeconds", numberText(outcome.body->wall))
+            .raw("bodyCpuSeconds", numberText(outcome.body->cpu));
     if (!outcome.failures.empty())
         record.raw("failures", jsonArray(outcome.failures, failureObject));
     if (!outcome.commandLine.empty())
@@ -126,13 +98,13 @@ void ResultLog::testEnded(TestOutcome const& outcome)
 
 void ResultLog::runEnded(RunSummary const& summary)
 {
-    m_buffer += Record("event", "summary")
+    m_buffer += JsonObject("event", "summary")
                     .count("passed", summary.counts.passed)
                     .count("failed", summary.counts.failed)
                     .count("errors", summary.counts.errors)
                     .count("notRun", summary.notRun())
-                    .seconds("seconds", summary.seconds)
-                    .raw("interrupted", summary.wasInterrupted ? "true" : "false")
+                    .raw("seconds", numberText(summary.seconds))
+                    .flag("interrupted", summary.wasInterrupted)
                     .object() +
                 "\n";
     flush();

@@ -4,9 +4,9 @@
 #include "host/app/ca_preferences.h"
 #include "host/app/command_line.h"
 #include "host/app/command_processor.h"
+#include "host/app/file_notes.h"
 #include "host/app/sys_var_store.h"
 #include "host/app/sys_vars.h"
-#include "host/dxf/dxf_file.h"
 #include "host/ut/ut_environment.h"
 #include "host/ut/ut_file.h"
 #include "host/ut/ut_file_name.h"
@@ -34,23 +34,6 @@ private:
     struct stat m_status = {};
     bool m_exists;
 };
-
-OdString noteText(OdString const& path, dxf::ReadNote const& note)
-{
-    return note.line == 0
-               ? odFormat(L"%ls: %ls", path.c_str(), note.text.c_str())
-               : odFormat(L"%ls:%lld: %ls", path.c_str(), static_cast<long long>(note.line), note.text.c_str());
-}
-
-void showNotes(CommandLine& commandLine, OdString const& path, std::vector<dxf::ReadNote> const& notes)
-{
-    constexpr std::size_t kShownNotes = 10;
-    for (dxf::ReadNote const& note : std::span(notes).first(std::min(notes.size(), kShownNotes)))
-        commandLine.message(noteText(path, note));
-    if (notes.size() > kShownNotes)
-        commandLine.message(
-            odFormat(L"%ls: %lld more notes.", path.c_str(), static_cast<long long>(notes.size() - kShownNotes)));
-}
 
 } // namespace
 
@@ -127,11 +110,15 @@ OdString CaApp::findFile(OdString const& name) const
 
 OdDbDatabasePtr CaApp::readFile(OdString const& path)
 {
+    dxf::ReadReport report;
+    return readFile(findFile(path), report);
+}
+
+OdDbDatabasePtr CaApp::readFile(OdString const& file, dxf::ReadReport& report)
+{
     try {
-        OdString const file = findFile(path);
-        dxf::ReadReport report;
         OdDbDatabasePtr drawing = dxf::readFile(file, &report);
-        showNotes(*m_commandLine, file, report.notes);
+        showNotes(*m_commandLine, file, report);
         return drawing;
     } catch (std::exception const& error) {
         m_commandLine->message(OdString::fromUtf8(error.what()));
@@ -143,7 +130,7 @@ bool CaApp::openFile(wchar_t const* path, bool readOnly, int asNew, bool makeCur
 {
     if (path && *path)
         return openPath(path, readOnly, asNew != 0, makeCurrent);
-    addDocument(new OdDbDatabase, {}, readOnly, makeCurrent);
+    makeCurrentIfWanted(addDocument(new OdDbDatabase, {}, readOnly), makeCurrent);
     return true;
 }
 
@@ -155,20 +142,28 @@ bool CaApp::openPath(OdString const& path, bool readOnly, bool asNew, bool makeC
             makeCurrentDocument(open);
         return true;
     }
-    OdDbDatabasePtr const drawing = readFile(file);
+    dxf::ReadReport report;
+    OdDbDatabasePtr const drawing = readFile(file, report);
     if (drawing.isNull())
         return false;
-    addDocument(drawing, asNew ? OdString() : file, readOnly && !asNew, makeCurrent);
+    CaDoc& document = addDocument(drawing, asNew ? OdString() : file, readOnly && !asNew);
+    document.setOpenReport(file, std::move(report));
+    makeCurrentIfWanted(document, makeCurrent);
     return true;
 }
 
-void CaApp::addDocument(OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly, bool makeCurrent)
+CaDoc& CaApp::addDocument(OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly)
 {
     m_documents.push_back(std::make_unique<CaDoc>(*this, std::move(drawing), fileName, readOnly));
     CaDoc* const document = m_documents.back().get();
     m_recent.insert(m_recent.begin(), document);
-    if (makeCurrent || !m_current)
-        makeCurrentDocument(document);
+    return *document;
+}
+
+void CaApp::makeCurrentIfWanted(CaDoc& document, bool isWanted)
+{
+    if (isWanted || !m_current)
+        makeCurrentDocument(&document);
 }
 
 void CaApp::makeCurrentDocument(CaDoc* document)

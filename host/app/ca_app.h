@@ -5,6 +5,10 @@
 #include <memory>
 #include <vector>
 
+namespace dxf {
+struct ReadReport;
+}
+
 namespace ca {
 
 class AppPreferences;
@@ -89,7 +93,9 @@ public:
 private:
     template <class Notification>
     void notify(Notification notification);
-    void addDocument(OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly, bool makeCurrent);
+    OdDbDatabasePtr readFile(OdString const& file, dxf::ReadReport& report);
+    CaDoc& addDocument(OdDbDatabasePtr drawing, OdString const& fileName, bool readOnly);
+    void makeCurrentIfWanted(CaDoc& document, bool isWanted);
     CaDoc* findByPointer(oa::ApDoc const* document) const;
     bool openPath(OdString const& path, bool readOnly, bool asNew, bool makeCurrent);
     void makeCurrentDocument(CaDoc* document);

@@ -2,9 +2,9 @@
 
 #include "host/app/ca_app.h"
 #include "host/app/command_line.h"
+#include "host/app/file_notes.h"
 #include "host/app/sys_var_store.h"
 #include "host/db/od_db_selection_set.h"
-#include "host/dxf/dxf_file.h"
 #include "host/ut/ut_file_name.h"
 
 #include <deque>
@@ -102,8 +102,21 @@ void CaDoc::write(OdString const& fullPath, int formatCode)
     if (sameFile && sameFile != this)
         throw OdError(eFileAccess,
                       odFormat(L"cannot write %ls: it is open as another document", fullPath.c_str()));
-    dxf::writeFile(*database(), fullPath, dxf::formatOfCode(formatCode));
+    writeCopy(fullPath, dxf::formatOfCode(formatCode));
     m_savedCount = database()->changeCount();
+}
+
+void CaDoc::writeCopy(OdString const& fullPath, dxf::FileFormat format) const
+{
+    dxf::SaveReport report;
+    dxf::writeFile(*database(), fullPath, format, &report);
+    showNotes(m_application.commandLine(), fullPath, report);
+}
+
+void CaDoc::setOpenReport(OdString const& path, dxf::ReadReport report)
+{
+    m_openedFrom = path;
+    m_openReport = std::move(report);
 }
 
 void CaDoc::setDbModified(int modifications)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/app/oa_app.h"
+#include "host/dxf/dxf_file.h"
 #include "host/geom/od_ge_3d.h"
 
 #include <memory>
@@ -40,6 +41,17 @@ public:
     ///
     /// Time stamps in the drawing stay as they are, so that saving a drawing twice gives equal files.
     bool saveAs(OdString const& path, int formatCode);
+
+    /// What opening the file mended or left out, and the file that was opened (for an unnamed copy of a file, that
+    /// file); empty for a new drawing. Saving leaves both.
+    /// @{
+    dxf::ReadReport const& openReport() const { return m_openReport; }
+    OdString const& openedFrom() const { return m_openedFrom; }
+    void setOpenReport(OdString const& path, dxf::ReadReport report);
+    /// @}
+    /// Writes a copy of the drawing; the document stays as it is. What the format cannot hold is said on the
+    /// command line. Throws OdError as dxf::writeFile.
+    void writeCopy(OdString const& fullPath, dxf::FileFormat format = {}) const;
 
     /// @name Changes since the drawing was opened or saved
     /// @{
@@ -84,6 +96,8 @@ private:
     int m_number = 0; // in the title while unnamed
     bool m_isReadOnly;
     std::uint64_t m_savedCount = 0;
+    dxf::ReadReport m_openReport;
+    OdString m_openedFrom;
     OdGePoint3d m_lastPoint;
     double m_lastAngle = 0;
     OdSmartPtr<OdDbSelectionSet> m_previousSelection;

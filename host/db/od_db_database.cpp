@@ -144,9 +144,16 @@ void OdDbDatabase::setCurrent(OdDbTableKind kind, OdDbObjectId record)
 
 void OdDbDatabase::raiseHandseed(OdDbHandle seed)
 {
-    constexpr OdDbHandle kAbsurd(std::uint64_t(1) << 62);
+    constexpr OdDbHandle kAbsurd(std::uint64_t(1) << 63);
     if (seed < kAbsurd)
         m_handseed = std::max(m_handseed, seed);
+}
+
+void OdDbDatabase::raiseHandseedAbove(OdDbHandle handle)
+{
+    constexpr OdDbHandle kAbsurd(std::uint64_t(1) << 62);
+    if (handle < kAbsurd)
+        raiseHandseed(OdDbHandle(handle.value() + 1));
 }
 
 OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle, bool create)
@@ -161,7 +168,7 @@ OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle, bool create)
     stub.handle = handle;
     stub.database = this;
     m_handles.set(handle, &stub);
-    raiseHandseed(OdDbHandle(handle.value() + 1));
+    raiseHandseedAbove(handle);
     return OdDbObjectId(&stub);
 }
 
@@ -183,6 +190,17 @@ private:
     OdDbHandle m_seed;
 };
 
+/// The first handle from the next one on that nothing has or refers to: absurdly large ones, which do not raise the
+/// next handle, can be in its way. The handle of an object that was undone is free.
+OdDbHandle OdDbDatabase::freeHandle() const
+{
+    for (OdDbHandle handle = m_handseed;; handle = OdDbHandle(handle.value() + 1)) {
+        OdDbStub const* const stub = m_handles.find(handle);
+        if (!stub || stub->erased)
+            return handle;
+    }
+}
+
 OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle)
 {
     OdDbObjectPtr const keep(object);
@@ -191,7 +209,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
     OdDbHandle const seedBefore = m_handseed;
     bool const isNew = handle.isNull();
     if (isNew)
-        handle = m_handseed;
+        handle = freeHandle();
     OdDbStub* stub = m_handles.find(handle);
     if (stub && stub->object) {
         if (!isNew)
@@ -204,7 +222,10 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId owner,
         stub->database = this;
         m_handles.set(handle, stub);
     }
-    raiseHandseed(OdDbHandle(handle.value() + 1));
+    if (isNew)
+        m_handseed = OdDbHandle(handle.value() + 1);
+    else
+        raiseHandseedAbove(handle);
     stub->object = object;
     object->addRef();
     object->setOwnedByOne(true);

@@ -69,6 +69,8 @@ public:
     /// Raises the next handle to at least this one; filers call it before they add objects. Absurdly large
     /// handles, as damaged files hold them, leave it: the handles after them would run out.
     void raiseHandseed(OdDbHandle seed);
+    /// The same for a handle in use, of which smaller ones count as absurd: new ones have room between both limits.
+    void raiseHandseedAbove(OdDbHandle handle);
     /// Makes the object part of the drawing under a new handle or the one given. The caller puts it where it
     /// belongs (a block, a table). Throws OdError: eAlreadyInDb, eDuplicateKey (the handle is taken).
     OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId owner, OdDbHandle handle = {});
@@ -112,6 +114,8 @@ private:
     friend class OdDbCreateStep;
     friend class OdDbHeaderStep;
     friend class OdDbCurrentStep;
+
+    OdDbHandle freeHandle() const;
 
     std::deque<OdDbStub> m_stubs;
     OdDbHandleTable m_handles;

@@ -8,11 +8,20 @@ OD_DEFINE_ABSTRACT_CLASS(OdDbEntity, OdDbObject)
 
 namespace {
 
-void writePaperSpaceFlag(OdDbObject const& object, OdDbTagSink& sink)
+/// The block in which an entity stands; the parts of an entity (vertices, attributes) stand where it does.
+OdDbBlockTableRecord const* blockOf(OdDbObject const& object)
 {
     OdDbObjectId const owner = object.ownerId();
-    auto const* block = owner.isValid() ? odCast<OdDbBlockTableRecord>(owner.stub()->object) : nullptr;
-    if (block && block->isPaperSpace())
+    OdDbObject const* const holder = owner.isValid() ? owner.stub()->object : nullptr;
+    bool const isPart = holder && odCast<OdDbEntity>(holder);
+    OdDbObjectId const block = isPart ? holder->ownerId() : owner;
+    return block.isValid() ? odCast<OdDbBlockTableRecord>(static_cast<OdRxObject const*>(block.stub()->object))
+                           : nullptr;
+}
+
+void writePaperSpaceFlag(OdDbObject const& object, OdDbTagSink& sink)
+{
+    if (OdDbBlockTableRecord const* const block = blockOf(object); block && block->isPaperSpace())
         sink.integer(67, 1);
 }
 

@@ -110,16 +110,29 @@ void OdDbObject::erase(bool erasing)
         throw OdError(eNotInDatabase);
     if (!m_openForWrite)
         throw OdError(eNotOpenForWrite);
-    if (m_stub->erased == erasing)
-        return;
+    // A list instead of recursion: files can hold chains of owners of any length.
+    std::vector<OdDbStub*> pending;
+    if (m_stub->erased != erasing)
+        setErased(erasing, pending);
+    while (!pending.empty()) {
+        OdDbObjectPtr const owned = OdDbObjectId(pending.back()).safeOpenObject(OdDb::kForWrite, true);
+        pending.pop_back();
+        if (owned->m_stub->erased != erasing)
+            owned->setErased(erasing, pending);
+    }
+}
+
+/// Erases or brings back this object alone, and puts what belongs to it on the list, the first one on top.
+void OdDbObject::setErased(bool erasing, std::vector<OdDbStub*>& owned)
+{
     OdDbDatabase& db = *m_stub->database;
     db.undoLog().add(std::make_unique<EraseStep>(m_stub));
     m_stub->erased = erasing;
     erasedStateChanged();
     db.noteChange();
-    visitOwned([erasing](OdDbStub& owned) {
-        OdDbObjectId(&owned).safeOpenObject(OdDb::kForWrite, true)->erase(erasing);
-    });
+    auto const before = static_cast<std::ptrdiff_t>(owned.size());
+    visitOwned([&owned](OdDbStub& each) { owned.push_back(&each); });
+    std::reverse(owned.begin() + before, owned.end());
 }
 
 void OdDbObject::visitOwned(std::function<void(OdDbStub&)> const& visit) const

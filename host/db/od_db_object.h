@@ -4,6 +4,8 @@
 #include "host/db/od_db_copied_ptr.h"
 #include "host/root/od_rx_object.h"
 
+class OdDbAuditInfo;
+
 /// What only some objects have: everything around the fields of the class that a drawing file can hold.
 struct OdDbObjectExtras
 {
@@ -71,6 +73,11 @@ public:
     /// The group code under which drawing files hold the handle of the object.
     virtual int handleGroupCode() const { return 5; }
 
+    /// Tells everything about the object that cannot be right, on its own and with regard to what it refers to. For
+    /// a whole drawing: audit/od_db_audit.h. This one knows what the list of fields tells; classes add what only they
+    /// know. The object is in a drawing.
+    virtual void audit(OdDbAuditInfo& info) const;
+
     /// @name For filers and the undo log
     /// @{
     virtual OdDbObject* copyFields() const;
@@ -100,6 +107,10 @@ private:
     friend class OdDbDatabase;
     friend class OdDbObjectId;
     friend class OdDbUndoLog;
+
+    void setErased(bool erasing, std::vector<OdDbStub*>& owned);
+    void auditReals(OdDbField const& field, OdDbAuditInfo& info) const;
+    void auditReference(OdDbField const& field, OdDbAuditInfo& info) const;
 
     OdDbStub* m_stub = nullptr;
     OdDbObjectId m_owner;

@@ -60,7 +60,7 @@ Task<OdString> askPath(Editor& editor)
 
 void saveDocument(CaDoc& document, OdString const& path)
 {
-    if (!document.saveAs(path, static_cast<int>(dxf::EFormat::kCurrent)))
+    if (!document.saveAs(path, dxf::kCurrentFormatCode))
         reject();
 }
 
@@ -84,7 +84,7 @@ Task<> saveCommand(Editor& editor)
     else if (sameFile)
         throw AnswerRejected(odFormat(L"%ls is open as another document.", path.c_str()));
     else
-        dxf::writeFile(editor.db(), path);
+        editor.doc().writeCopy(path);
 }
 
 Task<> closeCommand(Editor& editor)

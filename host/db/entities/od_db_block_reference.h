@@ -66,6 +66,7 @@ public:
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
     /// The entities of the block, and visible attributes.
     void outline(OdDbOutlineSink& sink) const override;
+    void audit(OdDbAuditInfo& info) const override;
 
 private:
     struct End
@@ -83,6 +84,7 @@ private:
     OdDbBlockTableRecord const* block() const;
     OdGeMatrix3d cellTransform(int column, int row) const;
     void outlineGrid(OdDbBlockOutline& outline) const;
+    bool lacksBlock() const;
     std::optional<Placement> placementAfter(OdGeMatrix3d const& transformation) const;
 
     OdDbObjectId m_block;

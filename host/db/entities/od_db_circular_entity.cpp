@@ -1,5 +1,6 @@
 #include "host/db/entities/od_db_circular_entity.h"
 
+#include "host/db/audit/od_db_audit_info.h"
 #include "host/db/entities/od_db_transform.h"
 
 OD_DEFINE_ABSTRACT_CLASS(OdDbCircularEntity, OdDbEntity)
@@ -64,4 +65,17 @@ void OdDbCircularEntity::moveCircle(OdDbPlaneTransform const& plane)
     m_radius *= plane.scale();
     m_thickness *= plane.extrusionScale();
     m_normal = plane.normal();
+}
+
+void OdDbCircularEntity::audit(OdDbAuditInfo& info) const
+{
+    OdDbEntity::audit(info);
+    if (m_radius == 0)
+        info.reportUseless(*this, L"its radius is 0");
+    else if (m_radius < 0)
+        info.report(*this, odFormat(L"its radius %g is negative", m_radius), L"made positive",
+                    [](OdDbObject& object) {
+                        auto& circle = static_cast<OdDbCircularEntity&>(object);
+                        circle.setRadius(-circle.radius());
+                    });
 }

@@ -20,6 +20,7 @@ public:
     double thickness() const { return m_thickness; }
     void setThickness(double thickness);
 
+    void audit(OdDbAuditInfo& info) const override;
     static OdDbSection circleSection();
 
 protected:

@@ -59,6 +59,7 @@ public:
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
     /// The center line: widths and thickness are left out.
     void outline(OdDbOutlineSink& sink) const override;
+    void audit(OdDbAuditInfo& info) const override;
 
 private:
     struct Vertex
@@ -83,6 +84,7 @@ private:
     /// Widths other than the constant one: from then on every vertex has its own.
     void giveWidths(Vertex& target, double startWidth, double endWidth);
     void moveVertices(OdDbPlaneTransform const& plane);
+    void mendVertices();
 
     std::int16_t m_flags = 0;
     double m_constantWidth = 0.0;

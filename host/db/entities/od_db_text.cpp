@@ -1,8 +1,9 @@
 #include "host/db/entities/od_db_text.h"
 
+#include "host/db/audit/od_db_audit_info.h"
 #include "host/db/entities/od_db_transform.h"
 #include "host/db/od_db_database.h"
-#include "host/db/records/od_db_symbol_table.h"
+#include "host/db/records/od_db_text_style_table_record.h"
 
 OD_DB_DEFINE_CLASS(OdDbText, OdDbEntity, "TEXT")
 
@@ -186,4 +187,27 @@ void OdDbText::setDatabaseDefaults(OdDbDatabase& database)
 {
     OdDbEntity::setDatabaseDefaults(database);
     m_style = database.getTEXTSTYLE();
+}
+
+double OdDbText::usualHeight() const
+{
+    auto const style = OdSmartPtr<OdDbTextStyleTableRecord>(textStyle().openObject());
+    if (style && style->textSize() > 0)
+        return style->textSize();
+    double const current = database()->header().real("TEXTSIZE");
+    return current > 0 ? current : 1.0;
+}
+
+void OdDbText::audit(OdDbAuditInfo& info) const
+{
+    OdDbEntity::audit(info);
+    if (m_height <= 0)
+        info.report(*this, odFormat(L"its height %g is not positive", m_height),
+                    m_height < 0 ? L"made positive" : L"the usual height taken", [](OdDbObject& object) {
+                        auto& text = static_cast<OdDbText&>(object);
+                        text.setHeight(text.height() < 0 ? -text.height() : text.usualHeight());
+                    });
+    if (m_widthFactor <= 0)
+        info.report(*this, odFormat(L"its width factor %g is not positive", m_widthFactor), L"1 taken",
+                    [](OdDbObject& object) { static_cast<OdDbText&>(object).setWidthFactor(1); });
 }

@@ -67,6 +67,7 @@ public:
     bool canTransformBy(OdGeMatrix3d const& transformation) const;
     /// The frame around the estimated text; a point for an empty one.
     void outline(OdDbOutlineSink& sink) const override;
+    void audit(OdDbAuditInfo& info) const override;
 
 protected:
     static OdDbSection textSection();
@@ -85,6 +86,8 @@ private:
     OdGeVector2d mirrorSigns() const;
     /// Brings the position in line with the alignment point.
     void adjustPosition();
+    /// For a text whose own height is none: that of its style, else the one that new texts get.
+    double usualHeight() const;
     std::optional<Layout> layoutAfter(OdGeMatrix3d const& transformation) const;
 
     double m_thickness = 0.0;

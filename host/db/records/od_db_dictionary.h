@@ -33,6 +33,7 @@ public:
     bool isTreatElementsAsHard() const { return m_isHardOwner; }
     void setTreatElementsAsHard(bool hard);
     bool standsAmongFileObjects() const override { return true; }
+    void audit(OdDbAuditInfo& info) const override;
 
 protected:
     static OdDbSection dictionarySection();
@@ -40,6 +41,7 @@ protected:
 
 private:
     friend class OdDbDictionaryStep;
+    friend class OdDbDictionaryEntriesStep;
     /// Numbers of entries by upper-case name.
     struct Index : std::unordered_map<OdString, std::size_t>
     {
@@ -54,6 +56,7 @@ private:
     void put(OdString const& name, OdDbObjectId id);
     std::size_t find(OdString const& name) const;
     void rebuildIndex() const;
+    void removeEntriesOfNothing();
 
     OdDbNotCopied<std::vector<Entry>> m_entries;
     mutable OdDbNotCopied<Index> m_index;

@@ -11,8 +11,13 @@ OdDbFieldTable const& OdDbDimStyleTableRecord::fields()
     static constexpr OdDbField s_fields[] = {
         odField<&OdDbDimStyleTableRecord::m_name>(2, OdDbWriteRule::kAlways),
     };
-    static OdDbFieldTable const s_table(
-        {recordSection(), {"AcDbDimStyleTableRecord", s_fields, &readVariable, &writeVariables, &readReference}});
+    static OdDbFieldTable const s_table({recordSection(),
+                                         {.marker = "AcDbDimStyleTableRecord",
+                                          .fields = s_fields,
+                                          .readTail = &readVariable,
+                                          .writeTail = &writeVariables,
+                                          .readReference = &readReference,
+                                          .readsNames = true}});
     return s_table;
 }
 
@@ -77,13 +82,26 @@ bool OdDbDimStyleTableRecord::readVariable(OdDbObject& object, OdDbTag const& ta
     return true;
 }
 
+/// The block has to exist for the style, defined or not: a reference by handle cannot lead nowhere.
+OdDbObjectId OdDbDimStyleTableRecord::namedBlock(std::string_view name, OdDbReferenceResolver& resolver)
+{
+    OdDbObjectId const id = resolver.byName(OdDbTableKind::kBlock, name);
+    if (auto* const record = id.isValid() ? odCast<OdDbSymbolTableRecord>(id.stub()->object) : nullptr)
+        record->setImplied(false);
+    return id;
+}
+
 bool OdDbDimStyleTableRecord::readReference(OdDbObject& object, OdDbTag const& tag,
                                             OdDbReferenceResolver& resolver)
 {
     OdDbDimVariable const* const variable = odDbFindDimVariable(tag.code);
     if (!variable || !variable->isReference())
         return false;
-    static_cast<OdDbDimStyleTableRecord&>(object).store(*variable, resolver.byHandle(tag.handle()));
+    bool const isNamed = tag.kind == OdDbTagKind::kText;
+    if (isNamed && (variable->kind != OdDbDimVariable::kBlock || tag.text.empty()))
+        return false;
+    auto& self = static_cast<OdDbDimStyleTableRecord&>(object);
+    self.store(*variable, isNamed ? namedBlock(tag.text, resolver) : resolver.byHandle(tag.handle()));
     return true;
 }
 

@@ -25,6 +25,7 @@ public:
 
     int handleGroupCode() const override { return 105; }
     void addedToDatabase() override;
+    void audit(OdDbAuditInfo& info) const override;
 
 private:
     /// As in files: numbers as they are, angles in degrees.
@@ -36,8 +37,10 @@ private:
     };
     static bool readVariable(OdDbObject& object, OdDbTag const& tag);
     static bool readReference(OdDbObject& object, OdDbTag const& tag, OdDbReferenceResolver& resolver);
+    static OdDbObjectId namedBlock(std::string_view name, OdDbReferenceResolver& resolver);
     static void writeVariables(OdDbObject const& object, OdDbTagSink& sink);
     Value const* find(OdDbDimVariable const& variable) const;
+    void eraseBadValues();
     void store(OdDbDimVariable const& variable, Value value);
 
     std::vector<Entry> m_entries; ///< in the order of the table of variables

@@ -1,5 +1,7 @@
 #include "host/db/records/od_db_layout.h"
 
+#include "host/db/audit/od_db_audit_info.h"
+
 #include <limits>
 
 OD_DB_DEFINE_CLASS(OdDbLayout, OdDbPlotSettings, "LAYOUT")
@@ -55,4 +57,11 @@ void OdDbLayout::setBlockTableRecordId(OdDbObjectId block)
         throw OdError(eWrongDatabase);
     assertWriteEnabled();
     m_block = block;
+}
+
+void OdDbLayout::audit(OdDbAuditInfo& info) const
+{
+    OdDbPlotSettings::audit(info);
+    if (m_block.isErased())
+        info.report(*this, odFormat(L"the block of the layout \"%ls\" is missing", m_layoutName.c_str()));
 }

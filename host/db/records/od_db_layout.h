@@ -16,6 +16,7 @@ public:
     int getTabOrder() const { return m_tabOrder; }
     void setTabOrder(int order);
     OdDbObjectId getBlockTableRecordId() const { return m_block; }
+    void audit(OdDbAuditInfo& info) const override;
     void setBlockTableRecordId(OdDbObjectId block);
     OdGePoint2d limitsMin() const { return m_limitsMin; }
     OdGePoint2d limitsMax() const { return m_limitsMax; }

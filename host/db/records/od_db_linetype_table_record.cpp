@@ -1,5 +1,7 @@
 #include "host/db/records/od_db_linetype_table_record.h"
 
+#include "host/db/audit/od_db_audit_info.h"
+
 OD_DB_DEFINE_CLASS(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, "LTYPE")
 
 OdDbFieldTable const& OdDbLinetypeTableRecord::fields()
@@ -84,4 +86,21 @@ void OdDbLinetypeTableRecord::setDashes(std::vector<Dash> dashes)
     for (Dash const& dash : dashes)
         m_patternLength += std::abs(dash.length);
     m_dashes = std::move(dashes);
+}
+
+void OdDbLinetypeTableRecord::audit(OdDbAuditInfo& info) const
+{
+    OdDbSymbolTableRecord::audit(info);
+    auto const isBad = [](Dash const& dash) {
+        return !std::isfinite(dash.length) || !std::isfinite(dash.scale) ||
+               !std::isfinite(dash.rotation.degrees()) || !std::isfinite(dash.offset.x) ||
+               !std::isfinite(dash.offset.y);
+    };
+    if (!std::isfinite(m_patternLength) || std::any_of(m_dashes.begin(), m_dashes.end(), isBad))
+        info.report(*this, L"its dashes are not finite", L"made continuous",
+                    [](OdDbObject& object) { static_cast<OdDbLinetypeTableRecord&>(object).setDashes({}); });
+    bool const lacksStyle = std::any_of(m_dashes.begin(), m_dashes.end(),
+                                        [](Dash const& dash) { return dash.flags != 0 && dash.style.isErased(); });
+    if (lacksStyle)
+        info.report(*this, L"the text style of a dash is missing");
 }

@@ -36,6 +36,7 @@ public:
     double patternLength() const { return m_patternLength; }
     /// Replaces the dashes; the pattern length becomes the sum of their lengths without sign.
     void setDashes(std::vector<Dash> dashes);
+    void audit(OdDbAuditInfo& info) const override;
 
 private:
     static bool readDash(OdDbObject& object, OdDbTag const& tag);

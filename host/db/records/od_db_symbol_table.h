@@ -37,6 +37,7 @@ protected:
 
 private:
     friend class OdDbSymbolTable;
+    friend class OdDbNameAudit;
     bool m_isImplied = false;
 };
 using OdDbSymbolTableRecordPtr = OdSmartPtr<OdDbSymbolTableRecord>;
@@ -61,6 +62,8 @@ public:
     void namesChanged() const { m_index.isStale = true; }
 
     static bool isValidName(OdString const& name);
+    /// The names of the records, which no record can judge by itself.
+    void audit(OdDbAuditInfo& info) const override;
 
 protected:
     static OdDbSection tableSection() { return {"AcDbSymbolTable", {}}; }

@@ -57,7 +57,7 @@ public:
         addLine(document);
         CPPUNIT_ASSERT(!document.saveAs(m_folder / "missing/b.dwg", 60));
         CPPUNIT_ASSERT(lastMessageHas("missing/b.dwg"));
-        CPPUNIT_ASSERT(!document.saveAs(m_folder / "b.dwg", 61));
+        CPPUNIT_ASSERT(!document.saveAs(m_folder / "b.dwg", 59));
         fs::create_directory(m_folder.path() / "folder");
         CPPUNIT_ASSERT(!document.saveAs(m_folder / "folder", 60));
         CPPUNIT_ASSERT(document.fileName() == m_folder / "a.dwg" && document.isModified());
