@@ -1,5 +1,6 @@
 // Opening and saving drawings of mixed entities: 4 lines, circle, arc, text, polyline of 5 vertices, point and
 // block reference in every 10.
+#include "benchmarks/drawing_walk.h"
 #include "host/db/entities/od_db_arc.h"
 #include "host/db/entities/od_db_block_reference.h"
 #include "host/db/entities/od_db_circle.h"
@@ -121,36 +122,30 @@ private:
     std::filesystem::path m_path;
 };
 
-/// Walks over the drawing as a program would that needs the geometry.
-double sumOfStarts(OdDbDatabase const& database)
-{
-    double sum = 0;
-    auto const space = database.getModelSpaceId().open<OdDbBlockTableRecord>();
-    for (OdDbObjectIterator it = space->newIterator(); !it.done(); it.step())
-        if (auto const* const line = odCast<OdDbLine>(it.entity().get()))
-            sum += line->startPoint().x;
-    return sum;
-}
+constexpr dxf::FileFormat kText{};
+constexpr dxf::FileFormat kBinary{dxf::kCurrentRelease, true};
 
-void openDrawing(benchmark::State& state)
+void openDrawing(benchmark::State& state, dxf::FileFormat format)
 {
     TemporaryFile const file;
-    dxf::writeFile(MixedDrawing(static_cast<int>(state.range(0))).database(), file.path());
+    dxf::writeFile(MixedDrawing(static_cast<int>(state.range(0))).database(), file.path(), format);
     for (auto _ : state)
-        benchmark::DoNotOptimize(sumOfStarts(*dxf::readFile(file.path())));
+        benchmark::DoNotOptimize(sumOfPlaces(*dxf::readFile(file.path())));
     state.SetBytesProcessed(state.iterations() * file.size());
 }
 
-void saveDrawing(benchmark::State& state)
+void saveDrawing(benchmark::State& state, dxf::FileFormat format)
 {
     TemporaryFile const file;
     MixedDrawing const drawing(static_cast<int>(state.range(0)));
     for (auto _ : state)
-        dxf::writeFile(drawing.database(), file.path());
+        dxf::writeFile(drawing.database(), file.path(), format);
     state.SetBytesProcessed(state.iterations() * file.size());
 }
 
-BENCHMARK(openDrawing)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(saveDrawing)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openDrawing, text, kText)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(openDrawing, binary, kBinary)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(saveDrawing, text, kText)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(saveDrawing, binary, kBinary)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
 } // namespace
