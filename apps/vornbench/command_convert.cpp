@@ -57,7 +57,7 @@ void convert(Options const& options)
         std::cout << ca::noteText(input, opening, note).toUtf8() << '\n';
     if (opening.moreNotes > 0)
         std::cout << options.input << ": " << opening.moreNotes << " more notes\n";
-    for (dxf::SaveNote const& note : saving.notes())
+    for (dxf::SaveNote const& note : saving.grouped())
         std::cout << ca::noteText(output, note).toUtf8() << '\n';
 }
 

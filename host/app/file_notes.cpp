@@ -47,7 +47,7 @@ void showNotes(CommandLine& commandLine, OdString const& path, dxf::ReadReport c
 
 void showNotes(CommandLine& commandLine, OdString const& path, dxf::SaveReport const& report)
 {
-    show(commandLine, path, report.notes(), 0, [&](dxf::SaveNote const& note) { return noteText(path, note); });
+    show(commandLine, path, report.grouped(), 0, [&](dxf::SaveNote const& note) { return noteText(path, note); });
 }
 
 } // namespace ca

@@ -106,6 +106,11 @@ public:
     OdDbHeader& editHeader() { return m_header; }
     /// Adds whatever a drawing must have and this one lacks: tables, records, spaces, dictionaries, layouts.
     void completeFromTemplate();
+    /// The object was added by completeFromTemplate: it says nothing about the drawing.
+    bool isFromTemplate(OdDbHandle handle) const
+    {
+        return handle >= m_firstFromTemplate && handle < m_endFromTemplate;
+    }
     /// @}
 
     OdDbSymbolTable& table(OdDbTableKind kind) const;
@@ -120,6 +125,8 @@ private:
     std::deque<OdDbStub> m_stubs;
     OdDbHandleTable m_handles;
     OdDbHandle m_handseed{1};
+    OdDbHandle m_firstFromTemplate;
+    OdDbHandle m_endFromTemplate;
     std::vector<OdDbStub*> m_fileObjects;
     std::array<OdDbObjectId, kOdDbTableKinds> m_tables;
     std::array<OdDbObjectId, kOdDbTableKinds> m_current;

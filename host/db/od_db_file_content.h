@@ -21,6 +21,7 @@ struct OdDbFileContent
     {
         std::string name;
         OdDbTagList tags; ///< records that the host does not know; of an unknown table everything behind its name
+        OdDbTagList commentsBehind;
     };
     std::string release; ///< of the file, as its header names it; empty for a new drawing
     std::vector<Section> sections;

@@ -59,6 +59,11 @@ public:
     }
 
 private:
+    /// What opening added to a file does not count.
+    bool isSupplied(OdDbStub const& stub) const
+    {
+        return !m_database.fileContent().release.empty() && m_database.isFromTemplate(stub.handle);
+    }
     void countTable(OdDbTableKindInfo const& kind);
     void countBlock(OdDbBlockTableRecord const& block);
     void count(OdDbStub const& stub, Tally& tally);
@@ -77,7 +82,8 @@ void Summing::countTable(OdDbTableKindInfo const& kind)
         auto const& record = static_cast<OdDbSymbolTableRecord const&>(*stub->object);
         if (stub->erased || record.isImplied())
             continue;
-        ++m_tables[kind.fileName];
+        if (!isSupplied(*stub))
+            ++m_tables[kind.fileName];
         countRawPartsOf(record, kind.fileName);
         if (kind.kind == OdDbTableKind::kBlock)
             countBlock(static_cast<OdDbBlockTableRecord const&>(record));
@@ -97,7 +103,7 @@ void Summing::countBlock(OdDbBlockTableRecord const& block)
 
 void Summing::count(OdDbStub const& stub, Tally& tally)
 {
-    if (stub.erased)
+    if (stub.erased || isSupplied(stub))
         return;
     OdDbObject const& object = *stub.object;
     std::string_view const name = object.dxfName();

@@ -37,8 +37,25 @@ SectionWriter const* findWriter(std::string_view name)
     return nullptr;
 }
 
-/// The kept sections in their order, each known one once; known ones that are missing follow the one that they
-/// usually follow.
+/// Header, classes and tables have to stand in front of what refers to them, which damaged files may not do; a
+/// section that the host does not know stays behind the one before it. Sound files keep their order.
+void putInReadableOrder(std::vector<Section>& sections)
+{
+    constexpr std::ptrdiff_t kFree = 3; // sections from BLOCKS on can have any order
+    constexpr std::ptrdiff_t kBehindHeader = 1;
+    std::vector<std::pair<std::ptrdiff_t, Section>> ranked;
+    std::ptrdiff_t rank = kBehindHeader;
+    for (Section const& section : sections) {
+        rank = section.writer ? std::min(section.writer - std::begin(s_writers), kFree)
+                              : std::max(rank, kBehindHeader);
+        ranked.emplace_back(rank, section);
+    }
+    std::stable_sort(ranked.begin(), ranked.end(), [](auto const& a, auto const& b) { return a.first < b.first; });
+    std::transform(ranked.begin(), ranked.end(), sections.begin(), [](auto const& each) { return each.second; });
+}
+
+/// The kept sections in their order, as far as files can have it, each known one once; known ones that are missing
+/// follow the one that they usually follow.
 std::vector<Section> sectionsOf(OdDbFileContent const& content)
 {
     std::vector<Section> sections;
@@ -55,6 +72,7 @@ std::vector<Section> sectionsOf(OdDbFileContent const& content)
         place = found != sections.end() ? found : sections.insert(place, {&writer, nullptr});
         ++place;
     }
+    putInReadableOrder(sections);
     return sections;
 }
 

@@ -81,18 +81,23 @@ void skipToBlock(Reading& reading)
 
 void readBlocks(Reading& reading)
 {
+    std::vector<OdDbStub*> order;
     while (!reading.isAtSectionEnd()) {
         if (!reading.isAt(0, "BLOCK")) {
             skipToBlock(reading);
             continue;
         }
         OdDbBlockTableRecord& block = readBlockBegin(reading);
+        order.push_back(block.objectId().stub());
         EntityReader entities(reading);
         while (!isFrame(reading) && !reading.isAtSectionEnd())
             entities.read(&block);
         entities.endSequence();
         readBlockEnd(reading, block);
     }
+    // Without a table of block records, blocks come into being when they are first named.
+    if (reading.release() < ERelease::kR13)
+        reading.names().table(OdDbTableKind::kBlock).putInFront(order);
 }
 
 void readEntities(Reading& reading)

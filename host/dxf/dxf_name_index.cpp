@@ -89,13 +89,19 @@ void NameIndex::noteRecord(OdDbTableKind kind, FoundRecord const& record, std::u
 OdDbObjectId NameIndex::find(OdDbTableKind kind, std::string_view utf8Name)
 {
     Names& known = names(kind);
-    if (auto const it = known.bySpelling.find(utf8Name); it != known.bySpelling.end())
+    if (auto const it = known.bySpelling.find(utf8Name); it != known.bySpelling.end() && mayBe(kind, it->second))
         return it->second;
     auto const it = known.byUpperName.find(OdString::fromUtf8(utf8Name).makeUpper());
-    if (it == known.byUpperName.end())
+    if (it == known.byUpperName.end() || !mayBe(kind, it->second))
         return {};
     known.bySpelling.emplace(utf8Name, it->second);
     return it->second;
+}
+
+/// In damaged files something else can have come under the handle of a record that was seen by the look ahead.
+bool NameIndex::mayBe(OdDbTableKind kind, OdDbObjectId id)
+{
+    return !id.isValid() || id.stub()->object->isA() == odDbTableKind(kind).recordClass();
 }
 
 void NameIndex::noteRead(OdDbTableKind kind, OdDbSymbolTableRecord const& record)
@@ -126,11 +132,31 @@ OdDbObjectId NameIndex::addRecord(OdDbTableKind kind, std::string_view utf8Name)
     if (kind == OdDbTableKind::kLayer)
         reader.put(OdDbTag::ofText(6, "Continuous")); // a layer without linetype would not be one
     OdDbSymbolTable& owner = table(kind);
-    openFreeHandles();
-    OdDbObjectId const id = m_database.addOdDbObject(record, owner.objectId());
+    // What was read before refers to a record that was seen by the look ahead but never came under its handle.
+    OdDbObjectId const seen = find(kind, utf8Name);
+    OdDbHandle const handle = seen.isValid() ? OdDbHandle() : seen.getHandle();
+    if (handle.isNull())
+        openFreeHandles();
+    OdDbObjectId const id = m_database.addOdDbObject(record, owner.objectId(), handle);
     owner.adopt(*record);
-    names(kind).byUpperName.emplace(record->getName().upper(), id);
+    names(kind).byUpperName.insert_or_assign(record->getName().upper(), id);
+    names(kind).bySpelling.erase(std::string(utf8Name));
     return id;
+}
+
+void NameIndex::addMissingRecords()
+{
+    for (std::size_t i = 0; i < m_names.size(); ++i) {
+        std::vector<OdString> missing;
+        for (auto const& [name, id] : m_names[i].byUpperName)
+            if (!id.isValid())
+                missing.push_back(name);
+        std::sort(missing.begin(), missing.end());
+        for (OdString const& name : missing) {
+            OdDbObjectId const id = addRecord(static_cast<OdDbTableKind>(i), name.toUtf8());
+            id.open<OdDbSymbolTableRecord>()->setImplied(true);
+        }
+    }
 }
 
 std::string NameIndex::freeName()
@@ -143,10 +169,11 @@ OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)
     return m_database.getTableId(kind).isNull() ? createTable(odDbTableKind(kind), {}) : m_database.table(kind);
 }
 
-void NameIndex::openFreeHandlesAbove(OdDbHandle highest)
+void NameIndex::endOfFile(OdDbHandle highest)
 {
     m_hasFreeHandles = true;
     m_database.raiseHandseedAbove(highest);
+    addMissingRecords();
 }
 
 void NameIndex::openFreeHandles()

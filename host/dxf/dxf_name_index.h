@@ -36,8 +36,9 @@ public:
 
     /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
     void openFreeHandles();
-    /// As openFreeHandles, without looking ahead: the whole file is read, and this was its highest handle.
-    void openFreeHandlesAbove(OdDbHandle highest);
+    /// The whole file is read, and this was its highest handle: free handles need no look ahead any more, and
+    /// records that were seen by the look ahead but never came, as in damaged files, are added as implied ones.
+    void endOfFile(OdDbHandle highest);
 
 private:
     struct FoundRecord;
@@ -55,10 +56,12 @@ private:
         std::unordered_map<OdString, OdDbObjectId> byUpperName;
     };
 
+    static bool mayBe(OdDbTableKind kind, OdDbObjectId id);
     static bool readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record);
     void lookThroughTables();
     OdDbSymbolTable& createTable(OdDbTableKindInfo const& kind, OdDbHandle handle);
     void noteRecord(OdDbTableKind kind, FoundRecord const& record, std::unordered_set<std::uint64_t>& taken);
+    void addMissingRecords();
     Names& names(OdDbTableKind kind) { return m_names[static_cast<std::size_t>(kind)]; }
 
     OdDbDatabase& m_database;

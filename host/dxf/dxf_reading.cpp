@@ -4,6 +4,12 @@
 
 namespace dxf {
 
+namespace {
+
+constexpr int kFrozenLayer = 331; // in a viewport
+
+} // namespace
+
 Reading::Reading(OdDbDatabase& database, TagSource& source, ERelease release, ReadReport& report)
     : m_database(database), m_source(source), m_release(release), m_report(report), m_names(database, source)
 {
@@ -82,8 +88,7 @@ void Reading::keepRecord(OdDbTagList& tags)
 /// for a layer that does not exist.
 bool Reading::resolveName()
 {
-    constexpr int kFrozenLayer = 331;
-    if (m_tag.code != kFrozenLayer || m_tag.kind != OdDbTagKind::kText || m_recordName != "VIEWPORT")
+    if (m_tag.kind != OdDbTagKind::kText || m_recordName != "VIEWPORT")
         return true;
     OdDbObjectId const layer = m_names.find(OdDbTableKind::kLayer, m_tag.text);
     if (layer.isNull())
@@ -104,7 +109,7 @@ RecordHead Reading::readRecord(OdDbObject& object)
     m_isRecordBroken = false;
     for (advance(); m_tag.code != 0; advance()) {
         noteHandle();
-        if (resolveName())
+        if (m_tag.code != kFrozenLayer || resolveName())
             reader.put(m_tag);
     }
     if (!reader.finish())

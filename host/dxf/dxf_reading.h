@@ -57,7 +57,7 @@ public:
     /// Gives the object its place in the drawing, under the handle of its record where that is free.
     OdDbObjectId add(OdDbObject& object, OdDbObjectId owner, RecordHead const& head);
     /// Nothing more is read; objects that are added from now on get free handles.
-    void allRecordsRead() { m_names.openFreeHandlesAbove(m_highestHandle); }
+    void allRecordsRead() { m_names.endOfFile(m_highestHandle); }
     void note(std::size_t place, OdDbHandle handle, OdString text);
     /// Notes that an object could not have the handle that its record names.
     void noteHandleChange(std::size_t place, OdDbHandle inFile, OdDbHandle given);

@@ -4,6 +4,7 @@
 #include "host/root/od_string.h"
 
 #include <cstddef>
+#include <unordered_map>
 #include <vector>
 
 namespace dxf {
@@ -23,9 +24,12 @@ public:
     /// Equal texts become one note that counts.
     void add(OdString const& text, OdDbHandle object = {});
     std::vector<SaveNote> const& notes() const { return m_notes; }
+    /// The notes for people: those that say the same of different subjects ("HATCH: ...", "MESH: ...") are one.
+    std::vector<SaveNote> grouped() const;
 
 private:
     std::vector<SaveNote> m_notes;
+    std::unordered_map<OdString, std::size_t> m_numbers; ///< of the notes by their texts
 };
 
 } // namespace dxf

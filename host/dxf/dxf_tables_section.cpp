@@ -77,7 +77,7 @@ void readTable(Reading& reading)
     if (reading.tag().code != 2)
         return skipToTable(reading, L"A table begins without its name (group 2)");
     auto& tables = reading.database().fileContent().tables;
-    tables.push_back({std::string(reading.tag().text), std::move(comments)});
+    tables.push_back({std::string(reading.tag().text), std::move(comments), {}});
     reading.advance();
     if (OdDbTableKindInfo const* const kind = odDbFindTableKind(tables.back().name))
         readKnownTable(reading, *kind, tables.back().tags);
@@ -89,7 +89,7 @@ void readTable(Reading& reading)
     else if (!reading.isCutOff())
         reading.note(
             odFormat(L"The table %ls ends without ENDTAB", OdString::fromUtf8(tables.back().name).c_str()));
-    reading.takeComments(tables.back().tags);
+    reading.takeComments(tables.back().commentsBehind);
 }
 
 } // namespace

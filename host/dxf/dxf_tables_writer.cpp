@@ -40,7 +40,7 @@ private:
     std::ptrdiff_t m_count;
 };
 
-void writeTable(OdDbDatabase const& database, OdDbTableKindInfo const& kind, OdDbTagList const* unknownRecords,
+void writeTable(OdDbDatabase const& database, OdDbTableKindInfo const& kind, OdDbFileContent::Table const* kept,
                 OdDbTagSink& sink)
 {
     OdDbSymbolTable const& table = database.table(kind.kind);
@@ -50,9 +50,11 @@ void writeTable(OdDbDatabase const& database, OdDbTableKindInfo const& kind, OdD
     for (OdDbStub const* const stub : records)
         if (isWritten(stub))
             odDbWriteRecord(*stub->object, sink);
-    if (unknownRecords)
-        unknownRecords->writeTo(sink);
+    if (kept)
+        kept->tags.writeTo(sink);
     sink.text(0, "ENDTAB");
+    if (kept)
+        kept->commentsBehind.writeTo(sink);
 }
 
 } // namespace
@@ -67,8 +69,9 @@ void writeTables(OdDbDatabase const& database, OdDbTagSink& sink)
             sink.text(2, kept.name);
             kept.tags.writeTo(sink);
             sink.text(0, "ENDTAB");
+            kept.commentsBehind.writeTo(sink);
         } else if (!std::exchange(isDone[static_cast<std::size_t>(kind->kind)], true)) {
-            writeTable(database, *kind, &kept.tags, sink);
+            writeTable(database, *kind, &kept, sink);
         }
     }
     for (OdDbTableKindInfo const& kind : odDbTableKinds())

@@ -2,6 +2,8 @@
 
 #include "host/db/od_db_database.h"
 
+#include <unordered_set>
+
 OD_DEFINE_ABSTRACT_CLASS(OdDbSymbolTableRecord, OdDbObject)
 OD_DEFINE_CLASS(OdDbSymbolTable, OdDbObject)
 
@@ -124,4 +126,19 @@ void OdDbSymbolTable::adopt(OdDbSymbolTableRecord& record)
     m_records.push_back(record.objectId().stub());
     if (!m_index.isStale)
         indexRecord(m_records.back());
+}
+
+void OdDbSymbolTable::putInFront(std::span<OdDbStub* const> records)
+{
+    std::unordered_set<OdDbStub*> placed;
+    std::vector<OdDbStub*> order;
+    order.reserve(m_records.size());
+    auto const place = [&](std::span<OdDbStub* const> stubs) {
+        std::copy_if(stubs.begin(), stubs.end(), std::back_inserter(order),
+                     [&placed](OdDbStub* stub) { return placed.insert(stub).second; });
+    };
+    place(records);
+    place(m_records);
+    static_cast<std::vector<OdDbStub*>&>(m_records) = std::move(order);
+    m_index.isStale = true;
 }

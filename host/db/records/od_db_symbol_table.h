@@ -2,6 +2,7 @@
 
 #include "host/db/od_db_object.h"
 
+#include <span>
 #include <unordered_map>
 
 /// A named record of a symbol table. Names compare without regard to case and keep their spelling.
@@ -58,6 +59,8 @@ public:
 
     /// For filers: adds a record that has its handle already, whatever its name.
     void adopt(OdDbSymbolTableRecord& record);
+    /// For filers: puts the given records in front, in their order; the others follow in theirs.
+    void putInFront(std::span<OdDbStub* const> records);
     /// The next lookup sees changed names.
     void namesChanged() const { m_index.isStale = true; }
 

@@ -349,5 +349,7 @@ void TemplateFill::setCurrentRecords()
 
 void OdDbDatabase::completeFromTemplate()
 {
+    m_firstFromTemplate = handseed();
     TemplateFill(*this).run();
+    m_endFromTemplate = handseed();
 }

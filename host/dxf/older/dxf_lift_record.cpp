@@ -1,12 +1,14 @@
 #include "host/dxf/older/dxf_lift_record.h"
 
 #include <algorithm>
+#include <bitset>
 
 namespace dxf {
 
 namespace {
 
 constexpr int kMarkerCode = 100;
+constexpr int kBraces = 102;
 constexpr int kCommentCode = 999;
 constexpr int kFirstExtendedCode = 1000;
 constexpr std::size_t kEnd = static_cast<std::size_t>(-1); ///< of a chain
@@ -45,7 +47,7 @@ public:
 private:
     bool isEnvelope(OdDbTag const& tag)
     {
-        constexpr int kBraces = 102, kOwner = 330;
+        constexpr int kOwner = 330;
         if (tag.code == kBraces)
             m_isInBraces = tag.text.starts_with('{');
         bool const isTableName = tag.code == 2 && m_form.type == "TABLE";
@@ -53,7 +55,18 @@ private:
                isTableName;
     }
 
-    std::size_t sectionOfGroup(int code) const
+    /// A group that repeats another one belongs to the last section too: further up it would replace that one.
+    std::size_t sectionOfGroup(int code)
+    {
+        std::size_t const section = homeOf(code);
+        if (section == m_last || code < 0 || code >= kCodes)
+            return m_last;
+        bool const isRepeated = m_seen[static_cast<std::size_t>(code)];
+        m_seen.set(static_cast<std::size_t>(code));
+        return isRepeated ? m_last : section;
+    }
+
+    std::size_t homeOf(int code) const
     {
         auto const it = std::find_if(m_form.sections.begin(), m_form.sections.end(),
                                      [code](OldSection const& section) { return section.codes.contains(code); });
@@ -62,11 +75,13 @@ private:
         return m_isEntity && kLaterEntityCodes.contains(code) ? 1 : m_last;
     }
 
+    static constexpr int kCodes = 512;
     OldForm const& m_form;
     std::size_t m_last;
     bool m_isEntity;
     int m_handleCode;
     std::size_t m_section = 0;
+    std::bitset<kCodes> m_seen; ///< groups in front of the last section
     bool m_isInBraces = false;
     bool m_isInExtendedData = false;
 };
@@ -123,9 +138,13 @@ std::size_t LiftRecord::bodyEnd() const
 
 std::size_t LiftRecord::find(int code) const
 {
-    for (std::size_t i = 1; i < m_slots.size() && m_slots[i].tag.code < kFirstExtendedCode; ++i)
-        if (m_slots[i].tag.code == code)
+    bool isInBraces = false; // of an application that has group codes of its own
+    for (std::size_t i = 1; i < m_slots.size() && m_slots[i].tag.code < kFirstExtendedCode; ++i) {
+        if (m_slots[i].tag.code == kBraces)
+            isInBraces = at(i).text.starts_with('{');
+        else if (!isInBraces && m_slots[i].tag.code == code)
             return i;
+    }
     return size();
 }
 

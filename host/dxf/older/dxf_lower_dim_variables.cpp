@@ -91,10 +91,14 @@ std::vector<OdDbTag> LowerDimVariables::ofStyle(TagSpan style, OdDbHandle handle
     std::vector<OdDbTag> result = ofOverrides(style, "DIMSTYLE", handle);
     if (m_context.target >= kR2000)
         return result;
-    // Old styles mention the arrow built in, too.
-    for (OldArrow const& arrow : oldArrows())
-        if (!findTag(result, arrow.code))
-            result.push_back(OdDbTag::ofText(arrow.code, ""));
+    // Old styles mention the arrow built in, too; all stand in one place, wherever their references stood.
+    std::vector<OdDbTag> arrows;
+    for (OldArrow const& arrow : oldArrows()) {
+        OdDbTag const* const named = findTag(result, arrow.code);
+        arrows.push_back(named ? *named : OdDbTag::ofText(arrow.code, ""));
+        std::erase_if(result, [&arrow](OdDbTag const& tag) { return tag.code == arrow.code; });
+    }
+    result.insert(result.end(), arrows.begin(), arrows.end());
     return result;
 }
 

@@ -15,22 +15,17 @@ using enum ERelease;
 
 constexpr int kComment = 999;
 
-/// When a variable came and when it was last seen. Variables that all releases have stand in no table.
-struct VariableLife
+/// The release that brought a variable. Variables that all releases have stand in no table, and neither do those
+/// that newer releases forgot: they are kept like all that nobody knows.
+struct LateVariable
 {
     std::string_view name;
     ERelease first;
-    ERelease last = kR2018;
 };
 
 // clang-format off
-constexpr VariableLife s_lives[] = {
-    // gone with R2000
-    {"DRAGMODE", kR12, kR14},  {"OSMODE", kR12, kR14},     {"COORDS", kR12, kR14},    {"ATTDIA", kR12, kR14},
-    {"ATTREQ", kR12, kR14},    {"HANDLING", kR12, kR14},   {"BLIPMODE", kR12, kR14},
-    {"DIMUNIT", kR13, kR14},   {"DIMFIT", kR13, kR14},     {"PICKSTYLE", kR13, kR14}, {"DELOBJ", kR13, kR14},
-    {"SAVEIMAGES", kR13, kR14},
-
+constexpr LateVariable s_late[] = {
+    {"DIMUNIT", kR13},      {"DIMFIT", kR13},    {"PICKSTYLE", kR13}, {"DELOBJ", kR13},  {"SAVEIMAGES", kR13},
     {"ACADMAINTVER", kR13}, {"CELTSCALE", kR13}, {"DISPSILH", kR13}, {"DIMJUST", kR13},  {"DIMSD1", kR13},
     {"DIMSD2", kR13},       {"DIMTOLJ", kR13},   {"DIMTZIN", kR13},  {"DIMALTZ", kR13},  {"DIMALTTZ", kR13},
     {"DIMUPT", kR13},       {"DIMDEC", kR13},    {"DIMTDEC", kR13},  {"DIMALTU", kR13},  {"DIMALTTD", kR13},
@@ -72,17 +67,12 @@ constexpr VariableLife s_lives[] = {
 };
 // clang-format on
 
-VariableLife const* findLife(std::string_view name)
+LateVariable const* findLate(std::string_view name, ERelease release)
 {
-    auto const it = std::find_if(std::begin(s_lives), std::end(s_lives),
-                                 [name](VariableLife const& life) { return life.name == name; });
-    return it == std::end(s_lives) ? nullptr : it;
-}
-
-bool hasVariable(std::string_view name, ERelease release)
-{
-    VariableLife const* const life = findLife(name);
-    return !life || (life->first <= release && release <= life->last);
+    auto const it = std::find_if(std::begin(s_late), std::end(s_late), [name, release](LateVariable const& late) {
+        return late.name == name && late.first > release;
+    });
+    return it == std::end(s_late) ? nullptr : it;
 }
 
 /// The value is one that a new drawing does not have: somebody chose it.
@@ -107,11 +97,10 @@ bool isDrawingUnit(std::string_view name, TagSpan value, LowerContext const& con
     return unit && unit == integerOf(value, 70);
 }
 
-void noteLeftOut(std::string_view name, TagSpan value, LowerContext const& context)
+void noteLeftOut(LateVariable const& late, TagSpan value, LowerContext const& context)
 {
-    VariableLife const* const life = findLife(name);
-    if (life->first > context.target && isChosen(name, value) && !isDrawingUnit(name, value, context))
-        context.noteLeftOut('$' + std::string(name), L"the variable", life->first, {});
+    if (isChosen(late.name, value) && !isDrawingUnit(late.name, value, context))
+        context.noteLeftOut('$' + std::string(late.name), L"the variable", late.first, {});
 }
 
 void putVariable(std::string_view name, OdDbTag const& value, OdDbTagSink& sink)
@@ -188,9 +177,10 @@ void putOldVariable(TagSpan variable, LowerContext const& context, LegacyNames c
         name.remove_prefix(1);
     TagSpan const value = variable.subspan(1);
     bool const isJoined = putJoined(name, context, sink);
-    if (isJoined || !hasVariable(name, context.target)) {
+    LateVariable const* const late = findLate(name, context.target);
+    if (isJoined || late) {
         if (!isJoined)
-            noteLeftOut(name, value, context);
+            noteLeftOut(*late, value, context);
         for (OdDbTag const& tag : value)
             if (tag.code == kComment)
                 sink.put(tag);

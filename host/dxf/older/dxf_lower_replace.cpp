@@ -86,10 +86,25 @@ bool putBlock(TagSpan record, ReplacementTarget const& target)
     return true;
 }
 
+/// A helix holds the spline that shows it.
+bool putHelix(TagSpan record, ReplacementTarget const& target)
+{
+    constexpr std::string_view kMarker = "AcDbSpline";
+    TagSpan const spline = sectionOf(record, kMarker);
+    if (target.context.target < ERelease::kR13 || spline.empty())
+        return putSpline(record, target);
+    putHead(record, "SPLINE", target.sink);
+    target.sink.text(100, kMarker);
+    putAll(spline, target.sink);
+    putAll(extendedDataOf(record), target.sink);
+    return true;
+}
+
 struct Replacement
 {
     bool (*put)(TagSpan record, ReplacementTarget const& target);
     wchar_t const* name;
+    wchar_t const* nameSinceR13 = name;
 };
 
 /// In the order of EReplacement.
@@ -99,6 +114,7 @@ constexpr Replacement s_replacements[] = {
     {&putLightPolyline, L"POLYLINE"},
     {&putEllipse,       L"POLYLINE"},
     {&putSpline,        L"POLYLINE"},
+    {&putHelix,         L"POLYLINE", L"SPLINE"},
     {&putLeader,        L"POLYLINE"},
     {&putParagraphs,    L"TEXT"},
     {&putRay,           L"LINE"},
@@ -116,9 +132,10 @@ bool putReplacement(EReplacement how, TagSpan record, ReplacementTarget const& t
     return replacement.put && replacement.put(record, target);
 }
 
-wchar_t const* replacementName(EReplacement how)
+wchar_t const* replacementName(EReplacement how, ERelease release)
 {
-    return s_replacements[static_cast<std::size_t>(how)].name;
+    Replacement const& replacement = s_replacements[static_cast<std::size_t>(how)];
+    return release >= ERelease::kR13 ? replacement.nameSinceR13 : replacement.name;
 }
 
 void putHead(TagSpan record, std::string_view type, OdDbTagSink& sink)

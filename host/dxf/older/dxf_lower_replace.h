@@ -32,7 +32,7 @@ struct ReplacementTarget
 /// Puts the replacement; false when the entity has nothing that could be shown.
 bool putReplacement(EReplacement how, TagSpan record, ReplacementTarget const& target);
 /// The type of the records that stand in.
-wchar_t const* replacementName(EReplacement how);
+wchar_t const* replacementName(EReplacement how, ERelease release);
 
 /// @name The replacements one by one
 /// @{

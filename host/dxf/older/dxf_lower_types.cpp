@@ -36,7 +36,7 @@ constexpr RecordType s_entities[] = {
     {"EXTRUDEDSURFACE",        kR2007},
     {"GEOPOSITIONMARKER",      kR2013},
     {"HATCH",                  kR14},
-    {"HELIX",                  kR2007, kSpline},
+    {"HELIX",                  kR2007, kHelix},
     {"IMAGE",                  kR14},
     {"INSERT",                 kR12},
     {"LARGE_RADIAL_DIMENSION", kR2004, kBlock},

@@ -12,8 +12,9 @@ enum class EReplacement : std::uint8_t
 {
     kNone,
     kLightPolyline, ///< POLYLINE with its vertices
-    kEllipse,       ///< POLYLINE of sufficient points, like the two that follow
+    kEllipse,       ///< POLYLINE of sufficient points, as splines and leaders
     kSpline,
+    kHelix, ///< SPLINE where the release has it, else as kSpline
     kLeader,
     kParagraphs, ///< one TEXT for each line
     kRay,        ///< LINE that reaches past the drawing

@@ -96,8 +96,23 @@ LoweringSink::LoweringSink(OdDbDatabase const& database, OdDbTagSink& target, ER
       m_filter(m_context, m_names, target),
       m_handles(database.handseed())
 {
-    if (release < kR14)
-        reserveHandles();
+    for (OdDbFileContent::Section const& section : database.fileContent().sections)
+        if (section.name == "CLASSES")
+            for (OdDbTag const tag : section.tags)
+                if (tag.code == 1)
+                    m_classes.emplace(tag.text);
+    reserveHandles();
+}
+
+/// Classes of the drawing's own list are passed on as unknown ones.
+bool LoweringSink::isPassedOn(RecordType const& type) const
+{
+    return m_context.target >= kR13 && m_classes.contains(std::string(type.name));
+}
+
+bool LoweringSink::isReplaced(RecordType const& type) const
+{
+    return type.first > m_context.target && type.replacement != EReplacement::kNone && !isPassedOn(type);
 }
 
 /// The header, which comes first, names the next free handle: finds out how many replacements will take.
@@ -111,7 +126,7 @@ void LoweringSink::reserveHandles()
             continue;
         for (OdDbStub const* const stub : static_cast<OdDbBlockTableRecord const*>(block->object)->entities()) {
             RecordType const* const type = stub->erased ? nullptr : findEntityType(stub->object->dxfName());
-            if (!type || type->first <= m_context.target || type->replacement == EReplacement::kNone)
+            if (!type || !isReplaced(*type))
                 continue;
             record.clear();
             odDbWriteRecord(*stub->object, record);
@@ -165,7 +180,7 @@ void LoweringSink::finishRecord()
         return endSection(record);
     switch (m_section) {
     case ESection::kHeader: return putOldVariable(record, m_context, m_names, seedFor(record), m_target);
-    case ESection::kClasses: return putClass(record);
+    case ESection::kClasses: return m_filter.writeRecord(record);
     case ESection::kTables: return putTableTag(record);
     case ESection::kBlocks:
     case ESection::kEntities: return putBlockOrEntity(record);
@@ -213,12 +228,6 @@ void LoweringSink::endSection(TagSpan record)
         putComments(record, m_target);
     else
         putAll(record, m_target);
-}
-
-void LoweringSink::putClass(TagSpan record)
-{
-    m_classes.emplace(textOf(record, 1));
-    m_filter.writeRecord(record);
 }
 
 void LoweringSink::putTableTag(TagSpan record)
@@ -281,7 +290,7 @@ bool LoweringSink::putKnownEntity(RecordType const& type, TagSpan record)
         }
         return true;
     }
-    if (target >= kR13 && m_classes.contains(std::string(type.name))) {
+    if (isPassedOn(type)) {
         noteClassIsUnknown(record);
         m_filter.writeEntity(record);
         return true;
@@ -292,7 +301,7 @@ bool LoweringSink::putKnownEntity(RecordType const& type, TagSpan record)
     sink.finish();
     m_context.report.add(odFormat(L"%ls: %ls has no such entities; drawn as %ls",
                                   OdString::fromUtf8(type.name).c_str(), m_context.targetName(),
-                                  replacementName(type.replacement)),
+                                  replacementName(type.replacement, m_context.target)),
                          handleOf(record));
     return true;
 }
@@ -322,7 +331,7 @@ void LoweringSink::putObject(TagSpan record)
     RecordType const* const type = findObjectType(typeOf(record));
     if (m_context.target == kR12) {
         putComments(record, m_target);
-        if (!type || type->isTold)
+        if ((!type || type->isTold) && !m_context.database.isFromTemplate(handleOf(record)))
             m_context.report.add(
                 odFormat(L"%ls: R12 has no such objects; left out", OdString::fromUtf8(typeOf(record)).c_str()),
                 handleOf(record));
@@ -349,6 +358,8 @@ void LoweringSink::putGroup(TagSpan record)
 
 void LoweringSink::noteClassIsUnknown(TagSpan record)
 {
+    if (m_context.database.isFromTemplate(handleOf(record)))
+        return;
     m_context.report.add(odFormat(L"%ls: %ls does not know the class; kept",
                                   OdString::fromUtf8(typeOf(record)).c_str(), m_context.targetName()),
                          handleOf(record));

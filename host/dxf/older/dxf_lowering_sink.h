@@ -41,7 +41,6 @@ private:
     void finishRecord();
     void beginSection(TagSpan record);
     void endSection(TagSpan record);
-    void putClass(TagSpan record);
     void putTableTag(TagSpan record);
     void putBlockOrEntity(TagSpan record);
     void putEntity(TagSpan record);
@@ -51,6 +50,8 @@ private:
     void putObject(TagSpan record);
     void putGroup(TagSpan record);
     void noteClassIsUnknown(TagSpan record);
+    bool isPassedOn(RecordType const& type) const;
+    bool isReplaced(RecordType const& type) const;
     void reserveHandles();
     OdDbHandle seedFor(TagSpan variable) const;
 
@@ -63,9 +64,9 @@ private:
     LowerRecord m_record;
     ESection m_section = ESection::kNone;
     bool m_isTableLeftOut = false;
-    bool m_isBlockLeftOut = false;  ///< a sheet that the release cannot have
-    bool m_isParentLeftOut = false; ///< so are the attributes or vertices that follow
-    std::unordered_set<std::string> m_classes;
+    bool m_isBlockLeftOut = false;             ///< a sheet that the release cannot have
+    bool m_isParentLeftOut = false;            ///< so are the attributes or vertices that follow
+    std::unordered_set<std::string> m_classes; ///< that the drawing lists
     std::unordered_set<std::uint64_t> m_leftOut;
 };
 

@@ -159,17 +159,6 @@ OldForm const& oldGridInsertForm()
     return formOf("INSERT", 1);
 }
 
-OldSection const* findOldSection(std::string_view type, std::string_view marker, int skip)
-{
-    for (OldForm const& form : formsOf(type)) {
-        int left = skip;
-        for (OldSection const& section : form.sections)
-            if (section.marker == marker && left-- == 0)
-                return &section;
-    }
-    return nullptr;
-}
-
 bool isOldGroup(std::string_view type, int code)
 {
     std::span<OldForm const> const forms = formsOf(type);

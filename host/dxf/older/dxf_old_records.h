@@ -72,9 +72,6 @@ OldForm const& oldDimensionForm(std::int64_t flags);
 /// The form of an INSERT of several columns or rows.
 OldForm const& oldGridInsertForm();
 
-/// What R12 has of one section of a record, whatever form the record has; null for a section that it knows
-/// nothing of. Of several sections of one marker `skip` says how many to pass over.
-OldSection const* findOldSection(std::string_view type, std::string_view marker, int skip = 0);
 /// R12 has the group in some section of the record, below a marker or without one. Handles, comments, groups in
 /// braces and extended data are not asked for here.
 bool isOldGroup(std::string_view type, int code);
