@@ -1,4 +1,12 @@
+// Drawings that something is wrong with are opened as far as can be, or refused, within a measure of time and
+// memory; and what was opened is a drawing like any other.
+#include "tests/fuzz/drawing_round.h"
 #include "tests/host/dxf/dxf_text.h"
+#include "tests/host/dxf/malformed_drawings.h"
+#include "tests/support/limited_run.h"
+
+#include "host/db/records/od_db_block_table_record.h"
+#include "host/db/records/od_db_table_kinds.h"
 
 #include <cppunit/extensions/HelperMacros.h>
 
@@ -6,111 +14,139 @@
 
 namespace {
 
-using namespace std::string_literals;
+constexpr double kMostSeconds = 2;
+constexpr double kMostMegabytes = 200;
+/// For everything that is done with a drawing besides opening it.
+constexpr unsigned kMostSecondsInAll = kIsSanitized ? 240 : 60;
+
+int entitiesOf(OdDbDatabase const& database)
+{
+    auto const space = database.getModelSpaceId().open<OdDbBlockTableRecord>();
+    return static_cast<int>(space->entities().size());
+}
+
+int blocksOf(OdDbDatabase const& database)
+{
+    auto const& records = database.table(OdDbTableKind::kBlock).records();
+    return static_cast<int>(std::count_if(records.begin(), records.end(), [](OdDbStub* record) {
+        return !static_cast<OdDbBlockTableRecord const*>(record->object)->isLayout();
+    }));
+}
+
+std::string shown(dxf::ReadReport const& report, dxf::ReadNote const& note)
+{
+    return (dxf::locationOf({}, report, note) + L": " + note.text).toUtf8();
+}
+
+void checkMessages(MalformedDrawing const& row, dxf::ReadReport const& report)
+{
+    std::string all;
+    bool isThere = *row.message == '\0' && report.notes.empty();
+    for (dxf::ReadNote const& note : report.notes) {
+        CPPUNIT_ASSERT(note.place > 0);
+        std::string const text = shown(report, note);
+        isThere |= *row.message != '\0' && text.starts_with(row.message);
+        if (all.size() < 2000)
+            all += text + "\n";
+    }
+    if (!isThere)
+        throw std::runtime_error("expected the message \"" + std::string(row.message) + "\", found:\n" + all);
+}
+
+void checkMeasure(RunWatch const& watch)
+{
+    if (!kIsSanitized && (watch.seconds() > kMostSeconds || watch.megabytes() > kMostMegabytes))
+        throw std::runtime_error("opening took " + std::to_string(watch.seconds()) + " s and " +
+                                 std::to_string(watch.megabytes()) + " MB");
+}
+
+void checkRefused(MalformedDrawing const& row, std::string const& bytes)
+{
+    RunWatch const watch;
+    try {
+        dxf::readBytes(L"", bytes);
+    } catch (OdError const& error) {
+        checkMeasure(watch);
+        CPPUNIT_ASSERT_EQUAL(std::string(row.message),
+                             std::string(error.what()).substr(0, std::strlen(row.message)));
+        return;
+    }
+    throw std::runtime_error("was opened");
+}
+
+void checkOpened(MalformedDrawing const& row, std::string const& bytes)
+{
+    dxf::ReadReport report;
+    RunWatch const watch;
+    OdDbDatabasePtr const database = dxf::readBytes(L"", bytes, &report);
+    checkMeasure(watch);
+    checkMessages(row, report);
+    CPPUNIT_ASSERT_EQUAL(row.entities, entitiesOf(*database));
+    CPPUNIT_ASSERT_EQUAL(row.blocks, blocksOf(*database));
+    drawingRound::lookAt(*database);
+    drawingRound::save(*database, {});
+    drawingRound::save(*database, {dxf::ERelease::kR12, false});
+    drawingRound::save(*database, {dxf::kCurrentRelease, true});
+}
 
 class MalformedDrawingTest : public CppUnit::TestFixture
 {
     CPPUNIT_TEST_SUITE(MalformedDrawingTest);
-    CPPUNIT_TEST(refused);
-    CPPUNIT_TEST(mended);
+    CPPUNIT_TEST(cutOff);
+    CPPUNIT_TEST(structures);
+    CPPUNIT_TEST(values);
+    CPPUNIT_TEST(binary);
+    CPPUNIT_TEST(excesses);
+    CPPUNIT_TEST(otherKindsOfFiles);
     CPPUNIT_TEST(missingFile);
+    CPPUNIT_TEST(mostNotes);
     CPPUNIT_TEST_SUITE_END();
 
-    void refused()
+    void cutOff() { checkAll(cutOffDrawings()); }
+    void structures() { checkAll(wrongStructures()); }
+    void values() { checkAll(wrongValues()); }
+    void binary() { checkAll(wrongBinaryDrawings()); }
+    void excesses() { checkAll(excessiveDrawings()); }
+
+    /// Each drawing in a process of its own, all of them before the result: one fault often explains another.
+    static void checkAll(std::vector<MalformedDrawing> const& rows)
     {
-        struct Row
-        {
-            std::string text;
-            OdResult code;
-            char const* message; // behind the path
-        };
-        std::string const head = dxfText::header(); // 10 lines
-        Row const rows[] = {
-            {"", eInvalidFile, ":1: The file is empty"},
-            {" \r\n\n", eInvalidFile, ":1: The file is empty"},
-            {"hello\n", eInvalidFile, ":1: This is not a drawing: no group code 0 or 999 in the first line"},
-            {"AutoCAD Binary DXF\r\n\x1A\0\0\0"s, eUnsupportedFormat,
-             ":1: This is binary DXF; reading it is not supported yet"},
-            {"AC1032\0\0\0"s, eUnsupportedFormat,
-             ":1: This is a DWG file; only drawings as DXF text are read, whatever their extension"},
-            {"\xFF\xFE\x30\0"s, eUnsupportedFormat,
-             ":1: This is text in UTF-16; drawings are text in UTF-8 or in a code page"},
-            {dxfText::header("AC1009") + "0\nEOF\n", eUnsupportedFormat,
-             ":8: The drawing is of release R12; reading releases before R2000 is not supported yet"},
-            {dxfText::header("AC9999") + "0\nEOF\n", eInvalidFile,
-             ":8: \"AC9999\" is not a known release of drawing files"},
-            {"0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", eUnsupportedFormat,
-             ":1: The drawing does not name its release ($ACADVER), as those before R2000 may do; reading them is "
-             "not "
-             "supported yet"},
-            {head, eInvalidFile, ":9: The file ends without its end mark EOF; it is cut off"},
-            {head + "0\nSECTION\n2\nENTITIES\n0\nLINE\n5\nA\n", eInvalidFile,
-             ":17: The file ends without its end mark EOF; it is cut off"},
-            {head + "0\nSECTION\n2\nENTITIES\n0\nLINE\n10\nx\n", eInvalidFile,
-             ":18: \"x\" is not a number, which group 10 needs"},
-            {head + "0\nLINE\n0\nEOF\n", eInvalidFile, ":11: A section or the end mark EOF is expected here"},
-            {head + "0\nSECTION\n0\nENDSEC\n0\nEOF\n", eInvalidFile,
-             ":13: A section begins without its name (group 2)"},
-            {head + "0\nSECTION\n2\nENTITIES\n0\nEOF\n", eInvalidFile,
-             ":15: The section ENTITIES ends without ENDSEC"},
-            {head + "0\nSECTION\n2\nOBJECTS\n0\nEOF\n", eInvalidFile,
-             ":15: The section OBJECTS ends without ENDSEC"},
-            {head + "0\nSECTION\n2\nNEWS\n1\nx\n0\nEOF\n", eInvalidFile, ":17: The file ends before ENDSEC"},
-            {head + "0\nSECTION\n2\nBLOCKS\n0\nLINE\n0\nENDSEC\n0\nEOF\n", eInvalidFile,
-             ":15: BLOCK or ENDSEC is expected here"},
-            {head + "0\nSECTION\n2\nENTITIES\n0\nBLOCK\n0\nENDSEC\n0\nEOF\n", eInvalidFile,
-             ":15: A block stands outside the section BLOCKS"},
-            {head + "0\nSECTION\n2\nENTITIES\n0\nLAYER\n0\nENDSEC\n0\nEOF\n", eInvalidFile,
-             ":15: LAYER is no entity"},
-            {head + "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n0\nLAYER\n5\n10\n2\nA\n0\nENDSEC\n0\nEOF\n",
-             eInvalidFile, ":25: A table ends without ENDTAB"},
-            {head + dxfText::section("ENTITIES", "") + dxfText::section("TABLES", "") + "0\nEOF\n", eInvalidFile,
-             ":19: The section TABLES comes behind ENTITIES; it has to come first"},
-        };
-        TempFolder const folder;
-        for (Row const& row : rows) {
-            OdString const path = folder.write("a.dxf", row.text);
-            try {
-                dxf::readFile(path);
-                CPPUNIT_FAIL("was read; expected " + std::string(row.message));
-            } catch (OdError const& error) {
-                CPPUNIT_ASSERT_EQUAL(path.toUtf8() + row.message, std::string(error.what()));
-                CPPUNIT_ASSERT_EQUAL(row.code, error.code());
-            }
+        std::string faults;
+        for (MalformedDrawing const& row : rows) {
+            RunOutcome const outcome = runLimited(kMostSecondsInAll, [&row] {
+                std::string const bytes = row.build();
+                row.entities == MalformedDrawing::kRefused ? checkRefused(row, bytes) : checkOpened(row, bytes);
+                return std::string();
+            });
+            if (!outcome.fault.empty())
+                faults += std::string(row.name) + ": " + outcome.fault + "\n";
         }
+        CPPUNIT_ASSERT_EQUAL(std::string(), faults);
     }
 
-    void mended()
+    void otherKindsOfFiles()
     {
-        struct Row
-        {
-            std::string text;
-            std::size_t line;
-            char const* note; // its beginning: new handles depend on what else the drawing lacked
-        };
-        Row const rows[] = {
-            {dxfText::entities("0\nPOINT\n5\n10\n0\nPOINT\n5\n10\n"), 19,
-             "The handle 10 is in use twice; this object has the handle "},
-            {dxfText::drawing(dxfText::section("BLOCKS", "0\nBLOCK\n5\n20\n2\nB\n0\nENDBLK\n5\n21\n")), 15,
-             "The block \"B\" had no block record; one is added"},
-            {dxfText::entities("0\nPOLYLINE\n5\n30\n0\nVERTEX\n5\n31\n0\nPOINT\n5\n32\n"), 23,
-             "The end mark SEQEND was missing and is added"},
-        };
-        for (Row const& row : rows) {
-            dxf::ReadReport report;
-            std::string const saved = dxfText::written(*dxfText::read(row.text, &report));
-            CPPUNIT_ASSERT_EQUAL(std::size_t{1}, report.notes.size());
-            CPPUNIT_ASSERT_EQUAL(std::string(row.note),
-                                 report.notes[0].text.toUtf8().substr(0, std::strlen(row.note)));
-            CPPUNIT_ASSERT(!report.notes[0].handle.isNull());
-            CPPUNIT_ASSERT_EQUAL(row.line, report.notes[0].line);
-            dxf::ReadReport second;
-            dxfText::read(saved, &second);
-            CPPUNIT_ASSERT(second.notes.empty());
+        try {
+            dxf::readBytes(L"a.dwg", std::string_view("AC1032\0\0\0", 9));
+            CPPUNIT_FAIL("was opened");
+        } catch (OdError const& error) {
+            CPPUNIT_ASSERT_EQUAL(eUnsupportedFormat, error.code());
+            CPPUNIT_ASSERT(std::string_view(error.what()).starts_with("a.dwg:1: This is a DWG file"));
         }
     }
 
     void missingFile() { CPPUNIT_ASSERT_THROW(dxf::readFile(L"/no/such/drawing.dxf"), OdError); }
+
+    void mostNotes()
+    {
+        std::string values;
+        for (int i = 0; i < 1500; ++i)
+            values += "10\nx\n";
+        dxf::ReadReport report;
+        dxf::readBytes(L"a.dxf", dxfText::entities("0\nPOINT\n" + values), &report);
+        CPPUNIT_ASSERT_EQUAL(std::size_t{1000}, report.notes.size());
+        CPPUNIT_ASSERT_EQUAL(std::size_t{500}, report.moreNotes);
+    }
 };
 CPPUNIT_TEST_SUITE_REGISTRATION(MalformedDrawingTest);
 
