@@ -36,7 +36,7 @@ endif()
 if(VORN_SANITIZE)
   target_compile_options(vorn_options INTERFACE
     "-fsanitize=${VORN_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=undefined
-    -Wno-maybe-uninitialized) # GCC 12 warns wrongly of <regex> in instrumented code
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>) # GCC 12 warns wrongly of <regex> in instrumented code
   target_link_options(vorn_options INTERFACE "-fsanitize=${VORN_SANITIZE}")
 endif()
 if(VORN_COVERAGE)
