@@ -102,6 +102,7 @@ void readBlocks(Reading& reading)
 
 void readEntities(Reading& reading)
 {
+    reading.skipToRecord();
     EntityReader entities(reading);
     while (!reading.isAtSectionEnd()) {
         if (isFrame(reading)) {

@@ -144,13 +144,21 @@ OdDbObjectId NameIndex::addRecord(OdDbTableKind kind, std::string_view utf8Name)
     return id;
 }
 
+/// The look ahead is quick and can take another text of a damaged record for its name.
+bool NameIndex::hasName(OdDbObjectId id, OdString const& upperName)
+{
+    auto const* record = odCast<OdDbSymbolTableRecord>(id.stub()->object);
+    return record && record->getName().upper() == upperName;
+}
+
 void NameIndex::addMissingRecords()
 {
     for (std::size_t i = 0; i < m_names.size(); ++i) {
         std::vector<OdString> missing;
         for (auto const& [name, id] : m_names[i].byUpperName)
-            if (!id.isValid())
+            if (!id.isValid() || !hasName(id, name))
                 missing.push_back(name);
+        m_names[i].bySpelling.clear();
         std::sort(missing.begin(), missing.end());
         for (OdString const& name : missing) {
             OdDbObjectId const id = addRecord(static_cast<OdDbTableKind>(i), name.toUtf8());
@@ -159,9 +167,21 @@ void NameIndex::addMissingRecords()
     }
 }
 
-std::string NameIndex::freeName()
+OdString NameIndex::nameSeen(OdDbTableKind kind, OdDbHandle handle)
 {
-    return "UNNAMED_" + std::to_string(++m_freeNames);
+    Names& known = names(kind);
+    if (known.upperNameByHandle.empty())
+        for (auto const& [name, id] : known.byUpperName)
+            known.upperNameByHandle.emplace(id.getHandle().value(), name);
+    auto const it = known.upperNameByHandle.find(handle.value());
+    return it == known.upperNameByHandle.end() ? OdString() : it->second;
+}
+
+std::string NameIndex::freeName(std::string_view prefix)
+{
+    while (prefix.starts_with('*')) // has a meaning of its own
+        prefix.remove_prefix(1);
+    return std::string(prefix) + '_' + std::to_string(++m_freeNames);
 }
 
 OdDbSymbolTable& NameIndex::table(OdDbTableKind kind)

@@ -31,8 +31,10 @@ public:
     /// Adds a record under a name that the file does not define.
     OdDbObjectId addRecord(OdDbTableKind kind, std::string_view utf8Name);
 
-    /// A name for a record that lacks one; no other is given out or, but for bad luck, in use.
-    std::string freeName();
+    /// The name (in capitals) under which the look ahead saw the record of a handle; empty when it did not.
+    OdString nameSeen(OdDbTableKind kind, OdDbHandle handle);
+    /// A name for a record that lacks one of its own; no other is given out or, but for bad luck, in use.
+    std::string freeName(std::string_view prefix = "UNNAMED");
 
     /// Lets the drawing give handles of its own: from now on they lie above all handles that the file uses.
     void openFreeHandles();
@@ -54,9 +56,12 @@ private:
     {
         std::unordered_map<std::string, OdDbObjectId, Hash, std::equal_to<>> bySpelling;
         std::unordered_map<OdString, OdDbObjectId> byUpperName;
+        std::unordered_map<std::uint64_t, OdString>
+            upperNameByHandle; ///< of the look ahead; made when first needed
     };
 
     static bool mayBe(OdDbTableKind kind, OdDbObjectId id);
+    static bool hasName(OdDbObjectId id, OdString const& upperName);
     static bool readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record);
     void lookThroughTables();
     OdDbSymbolTable& createTable(OdDbTableKindInfo const& kind, OdDbHandle handle);

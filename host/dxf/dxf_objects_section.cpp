@@ -23,6 +23,7 @@ OdDbObjectPtr createObject(std::string_view name)
 void readObjects(Reading& reading)
 {
     OdDbDatabase& database = reading.database();
+    reading.skipToRecord();
     while (!reading.isAtSectionEnd()) {
         OdDbObjectPtr const object = createObject(reading.tag().text);
         RecordHead const head = reading.readRecord(*object);

@@ -38,6 +38,14 @@ void Reading::skipRecord()
     while (!isAtRecord());
 }
 
+void Reading::skipToRecord()
+{
+    if (isAtRecord())
+        return;
+    note(L"A record (group 0) is expected here; what stands up to the next one is left out");
+    skipRecord();
+}
+
 /// What a source says of damage, with the record that it struck.
 void Reading::damaged(Damage const& damage)
 {

@@ -41,6 +41,8 @@ public:
     void advance();
     /// Goes to the next group 0.
     void skipRecord();
+    /// At the begin of a section of records: leaves out, with a note, what does not belong to one.
+    void skipToRecord();
     /// The file ended without its end mark.
     bool isCutOff() const { return m_isCutOff; }
     /// Throws the error of the present place.

@@ -21,25 +21,46 @@ void readHead(Reading& reading, OdDbSymbolTable& table)
     }
 }
 
+/// Gives a record that has no name, or that of another record, one of its own; returns what to say of it.
+OdString giveOwnName(Reading& reading, OdDbTableKindInfo const& kind, OdDbSymbolTableRecord& record,
+                     OdDbHandle handle)
+{
+    // The views of a tiled screen share one name, and shape files have none.
+    if (record.isNameless() || kind.kind == OdDbTableKind::kViewport)
+        return {};
+    NameIndex& names = reading.names();
+    OdString const table = OdString::fromUtf8(kind.fileName);
+    OdString const given = record.getName();
+    if (given.isEmpty()) {
+        OdString const seen = names.nameSeen(kind.kind, handle);
+        bool const isFree = OdDbSymbolTable::isValidName(seen) && !names.find(kind.kind, seen.toUtf8()).isValid();
+        record.setName(isFree ? seen : OdString::fromUtf8(names.freeName()));
+        return odFormat(L"A record of the table %ls had no name; it is \"%ls\" now", table.c_str(),
+                        record.getName().c_str());
+    }
+    if (!names.find(kind.kind, given.toUtf8()).isValid())
+        return {};
+    bool const isValid = OdDbSymbolTable::isValidName(given);
+    record.setName(OdString::fromUtf8(isValid ? names.freeName(given.toUtf8()) : names.freeName()));
+    return odFormat(L"The name \"%ls\" is in use twice in the table %ls; this record has the name \"%ls\" now",
+                    given.c_str(), table.c_str(), record.getName().c_str());
+}
+
 void readTableRecord(Reading& reading, OdDbTableKindInfo const& kind, OdDbSymbolTable& table)
 {
     OdSmartPtr<OdDbSymbolTableRecord> const record = OdRxObjectPtr(kind.recordClass()->create());
     RecordHead head = reading.readRecord(*record);
-    bool const lacksName = record->getName().isEmpty() && !record->isNameless();
-    if (lacksName)
-        record->setName(OdString::fromUtf8(reading.names().freeName()));
+    OdString const renaming = giveOwnName(reading, kind, *record, head.handle);
     // What was read before refers to the record under the handle that came with its name.
     OdDbObjectId const found = reading.names().find(kind.kind, record->getName().toUtf8());
     OdDbHandle const inFile = head.handle;
     if (!found.isNull() && !found.isValid())
         head.handle = found.getHandle();
-    if (!inFile.isNull() && inFile != head.handle)
+    if (head.handle != inFile && !reading.database().getOdDbObjectId(inFile).isNull())
         reading.noteHandleChange(head.place, inFile, head.handle);
     reading.add(*record, table.objectId(), head);
-    if (lacksName)
-        reading.note(head.place, record->getDbHandle(),
-                     odFormat(L"A record of the table %ls had no name; it is \"%ls\" now",
-                              OdString::fromUtf8(kind.fileName).c_str(), record->getName().c_str()));
+    if (!renaming.isEmpty())
+        reading.note(head.place, record->getDbHandle(), renaming);
     table.adopt(*record);
     reading.names().noteRead(kind.kind, *record);
 }

@@ -1,5 +1,6 @@
 #include "host/dxf/older/dxf_lift_rules.h"
 
+#include "host/db/records/od_db_table_kinds.h"
 #include "host/dxf/older/dxf_lift_dimension_style.h"
 #include "host/dxf/older/dxf_lift_elevation.h"
 #include "host/dxf/older/dxf_lift_viewport.h"
@@ -77,10 +78,11 @@ LiftRules::LiftRules(ERelease release, LiftHeader const& header) : m_header(head
             m_kinds[rule.type].lifts.push_back(rule.lift);
 }
 
-LiftRules::EWish LiftRules::wishOf(std::string_view type)
+LiftRules::EWish LiftRules::wishOf(std::string_view type, bool isInTable)
 {
     auto const it = m_kinds.find(type);
-    m_kind = it == m_kinds.end() ? nullptr : &it->second;
+    bool const isTableRecord = type == "TABLE" || odDbFindTableKind(type);
+    m_kind = it == m_kinds.end() || isTableRecord != isInTable ? nullptr : &it->second;
     return !m_kind ? EWish::kNothing : m_kind->lifts.empty() ? EWish::kUnlessMarked : EWish::kWhole;
 }
 

@@ -21,8 +21,9 @@ public:
     /// `header` has to outlive the rules; it is asked when records are lifted.
     LiftRules(ERelease release, LiftHeader const& header);
 
-    /// Asked at the begin of each record, in the order of the file.
-    EWish wishOf(std::string_view type);
+    /// Asked at the begin of each record, in the order of the file. Records of tables among entities, and entities
+    /// in tables, as damaged files hold them, are nothing that changed.
+    EWish wishOf(std::string_view type, bool isInTable);
     /// Brings the record that was asked for last, which is there as a whole, into today's form.
     void lift(LiftRecord& record);
 

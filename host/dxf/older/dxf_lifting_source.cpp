@@ -48,8 +48,11 @@ bool LiftingSource::next(OdDbTag& tag)
         m_header.note(tag);
     } else if (m_isSectionName && tag.code == 2) {
         m_isSectionName = false;
-        bool const hasRecords = tag.text == "TABLES" || tag.text == "BLOCKS" || tag.text == "ENTITIES";
-        m_section = tag.text == "HEADER" ? ESection::kHeader : hasRecords ? ESection::kRecords : ESection::kOther;
+        bool const hasEntities = tag.text == "BLOCKS" || tag.text == "ENTITIES";
+        m_section = tag.text == "HEADER"   ? ESection::kHeader
+                    : tag.text == "TABLES" ? ESection::kTables
+                    : hasEntities          ? ESection::kEntities
+                                           : ESection::kOther;
     }
     return true;
 }
@@ -82,9 +85,10 @@ bool LiftingSource::beginRecord(OdDbTag& tag)
         m_isSectionName = tag.text == "SECTION";
         return true;
     }
-    if (m_section != ESection::kRecords)
+    bool const isInTable = m_section == ESection::kTables;
+    if (!isInTable && m_section != ESection::kEntities)
         return true;
-    LiftRules::EWish const wish = m_rules.wishOf(tag.text);
+    LiftRules::EWish const wish = m_rules.wishOf(tag.text, isInTable);
     if (wish == LiftRules::EWish::kNothing)
         return true;
     gather(tag, wish);

@@ -28,7 +28,8 @@ private:
     {
         kOther,
         kHeader,
-        kRecords ///< tables, blocks, entities
+        kTables,
+        kEntities ///< blocks as well
     };
 
     bool take(OdDbTag& tag);

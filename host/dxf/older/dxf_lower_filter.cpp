@@ -92,12 +92,18 @@ LowerFilter::TypeRules const& LowerFilter::rulesOf(std::string_view type, bool i
     return it->second;
 }
 
+void LowerFilter::writeTableRecord(TagSpan record)
+{
+    if (typeOf(record) == "DIMSTYLE")
+        writeDimStyle(record);
+    else
+        writeRecord(record);
+}
+
 void LowerFilter::write(TagSpan record, bool isEntity)
 {
     if (record.empty())
         return;
-    if (typeOf(record) == "DIMSTYLE" && !isEntity)
-        return writeDimStyle(record);
     Place place{rulesOf(typeOf(record), isEntity), isEntity, handleOf(record), {}};
     m_target.put(record.front());
     std::size_t i = writeEnvelope(record);

@@ -19,6 +19,8 @@ public:
 
     /// Tags of the common section of entities are known as such.
     void writeEntity(TagSpan record) { write(record, true); }
+    void writeTableRecord(TagSpan record);
+    /// Anything else.
     void writeRecord(TagSpan record) { write(record, false); }
 
 private:

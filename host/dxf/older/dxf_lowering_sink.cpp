@@ -238,7 +238,7 @@ void LoweringSink::putTableTag(TagSpan record)
     if (m_isTableLeftOut)
         putComments(record, m_target);
     else
-        m_filter.writeRecord(record);
+        m_filter.writeTableRecord(record);
     if (type == "ENDTAB")
         m_isTableLeftOut = false;
 }
