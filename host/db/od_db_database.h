@@ -106,7 +106,8 @@ public:
     OdDbHeader& editHeader() { return m_header; }
     /// Adds whatever a drawing must have and this one lacks: tables, records, spaces, dictionaries, layouts.
     void completeFromTemplate();
-    /// The object was added by completeFromTemplate: it says nothing about the drawing.
+    /// The object was added when the drawing was made or opened, by completeFromTemplate: it says nothing about the
+    /// drawing.
     bool isFromTemplate(OdDbHandle handle) const
     {
         return handle >= m_firstFromTemplate && handle < m_endFromTemplate;

@@ -79,17 +79,18 @@ bool BinarySource::next(OdDbTag& tag)
     return false;
 }
 
-BinarySource::EResult BinarySource::tell(EResult result, bool breaksRecord, OdString reason) const
+/// The format, of the reason, may hold a %d for the group code.
+BinarySource::EResult BinarySource::tell(EResult result, bool breaksRecord, wchar_t const* format)
 {
-    tellDamage(place(), std::move(reason), breaksRecord);
+    tellDamage(
+        place(), [&] { return odFormat(format, m_code); }, breaksRecord);
     return result;
 }
 
 /// When the file ends within the name of a record, the one before it is whole.
-BinarySource::EResult BinarySource::tellCutOff() const
+BinarySource::EResult BinarySource::tellCutOff()
 {
-    return tell(EResult::kCutOff, m_code != 0,
-                odFormat(L"The file ends within the value of group %d; it is cut off", m_code));
+    return tell(EResult::kCutOff, m_code != 0, L"The file ends within the value of group %d; it is cut off");
 }
 
 BinarySource::EResult BinarySource::readTag(OdDbTag& tag)
@@ -123,7 +124,7 @@ BinarySource::EResult BinarySource::readCode()
     m_code = numberAt<std::int16_t>(m_at);
     m_at += sizeof(std::int16_t);
     if (!isBinaryCode(m_code))
-        return tell(EResult::kNoTag, true, odFormat(L"%d is not a group code", m_code));
+        return tell(EResult::kNoTag, true, L"%d is not a group code");
     return EResult::kTag;
 }
 
@@ -189,7 +190,7 @@ BinarySource::EResult BinarySource::readReal(OdDbTag& tag)
     m_at += sizeof(double);
     if (std::isfinite(tag.real))
         return EResult::kTag;
-    return tell(EResult::kLeftOut, false, odFormat(L"The value of group %d is not a finite number", m_code));
+    return tell(EResult::kLeftOut, false, L"The value of group %d is not a finite number");
 }
 
 template <class Number>

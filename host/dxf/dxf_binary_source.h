@@ -37,8 +37,8 @@ private:
     template <class Number>
     EResult readInteger(OdDbTag& tag);
     EResult readBytes(OdDbTag& tag);
-    EResult tell(EResult result, bool breaksRecord, OdString reason) const;
-    EResult tellCutOff() const;
+    EResult tell(EResult result, bool breaksRecord, wchar_t const* format);
+    EResult tellCutOff();
     bool findRecord();
 
     std::string_view m_bytes;

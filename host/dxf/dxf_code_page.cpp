@@ -162,7 +162,9 @@ void CodePage::loadCodes(char const* iconvName)
     auto const enter = [&](char16_t character, std::size_t code) {
         std::uint16_t& entry = m_codes[character];
         // Where two codes mean the same character, the system knows which one is usual.
-        if (character != 0 && (entry == 0 || encoder.convert(character / kBytes, character % kBytes) == code))
+        auto const high = static_cast<unsigned>(character / kBytes);
+        auto const low = static_cast<unsigned>(character % kBytes);
+        if (character != 0 && (entry == 0 || encoder.convert(high, low) == code))
             entry = static_cast<std::uint16_t>(code);
     };
     for (std::size_t byte = kFirstByte; byte < kBytes; ++byte)

@@ -28,19 +28,20 @@ SectionReader const* findReader(std::string_view name)
     return nullptr;
 }
 
-bool holdsObjects(OdDbFileContent::Section const& section)
+bool holdsObjects(std::string_view section)
 {
-    return section.name == "BLOCKS" || section.name == "ENTITIES" || section.name == "OBJECTS";
+    return section == "BLOCKS" || section == "ENTITIES" || section == "OBJECTS";
 }
 
-/// Names in the tables are looked up by everything behind them.
-void checkOrder(Reading& reading, std::string_view name)
+/// Names in the tables are looked up by everything behind them. `firstOfObjects` is the name of the first section
+/// that holds objects, empty until it comes.
+void checkOrder(Reading& reading, std::string_view name, std::string& firstOfObjects)
 {
-    auto const& sections = reading.database().fileContent().sections;
-    auto const before = std::find_if(sections.begin(), sections.end(), &holdsObjects);
-    if (name == "TABLES" && before != sections.end())
+    if (name == "TABLES" && !firstOfObjects.empty())
         reading.fail(odFormat(L"The section TABLES comes behind %ls; it has to come first",
-                              OdString::fromUtf8(before->name).c_str()));
+                              OdString::fromUtf8(firstOfObjects).c_str()));
+    if (firstOfObjects.empty() && holdsObjects(name))
+        firstOfObjects = name;
 }
 
 /// What stands where a section should begin is left out.
@@ -64,14 +65,14 @@ void readContent(Reading& reading, OdDbFileContent::Section& section)
         reading.note(odFormat(L"The section %ls ends without ENDSEC", OdString::fromUtf8(section.name).c_str()));
 }
 
-void readSection(Reading& reading, OdDbTagList commentsBefore)
+void readSection(Reading& reading, OdDbTagList commentsBefore, std::string& firstOfObjects)
 {
     auto& sections = reading.database().fileContent().sections;
     reading.advance();
     if (reading.tag().code != 2)
         return skipToSection(reading, L"A section begins without its name (group 2)");
     std::string const name(reading.tag().text);
-    checkOrder(reading, name);
+    checkOrder(reading, name, firstOfObjects);
     sections.push_back({name, std::move(commentsBefore), {}, {}});
     reading.advance();
     readContent(reading, sections.back());
@@ -80,6 +81,7 @@ void readSection(Reading& reading, OdDbTagList commentsBefore)
 void readSections(Reading& reading)
 {
     OdDbFileContent& content = reading.database().fileContent();
+    std::string firstOfObjects;
     for (reading.advance();;) {
         OdDbTagList comments;
         reading.takeComments(comments);
@@ -88,12 +90,11 @@ void readSections(Reading& reading)
             break;
         }
         if (reading.isAt(0, "SECTION"))
-            readSection(reading, std::move(comments));
+            readSection(reading, std::move(comments), firstOfObjects);
         else
             skipToSection(reading, L"A section or the end mark EOF is expected here");
     }
-    bool const isEmpty = std::none_of(content.sections.begin(), content.sections.end(), &holdsObjects);
-    if (reading.isCutOff() && isEmpty)
+    if (reading.isCutOff() && firstOfObjects.empty())
         reading.fail(L"The file ends before the first entity; it is cut off");
 }
 

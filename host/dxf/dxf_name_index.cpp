@@ -25,9 +25,14 @@ bool NameIndex::readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record)
     int const handleCode = tag.text == "DIMSTYLE" ? 105 : 5;
     bool const isHead = tag.text == "TABLE";
     bool hasMarker = false;
+    bool isOfApplication = false; // a group in braces, or extended data, has group codes of its own
     while (source.next(tag)) {
         if (tag.code == 0)
             return true;
+        if (tag.code == 102 || tag.code >= 1000)
+            isOfApplication = tag.code >= 1000 || tag.text.starts_with('{');
+        if (isOfApplication)
+            continue;
         if (tag.code == 100)
             hasMarker = true;
         else if (tag.code == handleCode && tag.kind == OdDbTagKind::kHandle && !hasMarker &&
@@ -39,15 +44,22 @@ bool NameIndex::readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record)
     return false;
 }
 
+/// Goes to the first record in the section of the tables; false without one.
+bool NameIndex::findTables(TagSource& source, OdDbTag& tag)
+{
+    bool isBegin = false;
+    while (source.next(tag) && !(isBegin && tag.is(2, "TABLES")))
+        isBegin = tag.is(0, "SECTION");
+    while (isBegin && tag.code != 0)
+        isBegin = source.next(tag);
+    return isBegin;
+}
+
 void NameIndex::lookThroughTables()
 {
     std::unique_ptr<TagSource> const source = m_source.fromStart();
     OdDbTag tag;
-    bool isMore = false;
-    while ((isMore = source->next(tag)) && !tag.is(2, "TABLES")) {
-    }
-    while (isMore && tag.code != 0)
-        isMore = source->next(tag);
+    bool isMore = findTables(*source, tag);
     OdDbTableKindInfo const* table = nullptr;
     std::unordered_set<std::uint64_t> taken;
     FoundRecord record;

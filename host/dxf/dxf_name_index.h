@@ -62,6 +62,7 @@ private:
 
     static bool mayBe(OdDbTableKind kind, OdDbObjectId id);
     static bool hasName(OdDbObjectId id, OdString const& upperName);
+    static bool findTables(TagSource& source, OdDbTag& tag);
     static bool readRecord(TagSource& source, OdDbTag& tag, FoundRecord& record);
     void lookThroughTables();
     OdDbSymbolTable& createTable(OdDbTableKindInfo const& kind, OdDbHandle handle);

@@ -27,13 +27,14 @@ std::uint64_t millionthsOf(double magnitude)
 
 char* putMillionths(char* at, std::uint64_t count)
 {
+    constexpr std::uint32_t kTenth = kScale / 10;
     at = std::to_chars(at, at + kLongestReal, count / kScale).ptr;
     *at++ = '.';
     auto rest = static_cast<std::uint32_t>(count % kScale);
     char* last = at; // behind the last digit that is not 0, at least one
     for (int i = 0; i < kDecimals; ++i) {
-        std::uint32_t const digit = rest / (kScale / 10);
-        rest = (rest - digit * static_cast<std::uint32_t>(kScale / 10)) * 10;
+        std::uint32_t const digit = rest / kTenth;
+        rest = (rest - digit * kTenth) * 10;
         at[i] = static_cast<char>('0' + digit);
         if (digit != 0 || i == 0)
             last = at + i + 1;

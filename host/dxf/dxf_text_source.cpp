@@ -193,7 +193,8 @@ bool TextSource::findNextRecord(char const* wrongLine, wchar_t const* due)
     }
     for (std::size_t line = m_line + 1; m_at != m_end; ++line) {
         char const* const begin = m_at;
-        if (trimmed(readLine()) != "0")
+        std::string_view const code = readLine();
+        if (code.empty() || trimmed(code) != "0")
             continue;
         char const* const behindCode = m_at;
         bool const isRecord = isRecordName(trimmed(readLine()));
@@ -238,8 +239,9 @@ bool TextSource::endLine(char const* at)
     }
     if (*at == '\r') {
         // CR alone, too, ends a line; one or two of them before LF are one end.
-        std::string_view const rest(at, static_cast<std::size_t>(m_end - at));
-        m_at = at + (rest.starts_with("\r\n") ? 2 : rest.starts_with("\r\r\n") ? 3 : 1);
+        char const* const second = at + 1;
+        bool const isFollowed = m_end - second >= 2 && *second == '\r' && second[1] == '\n';
+        m_at = second != m_end && *second == '\n' ? second + 1 : second + (isFollowed ? 2 : 0);
         return true;
     }
     if (*at != '\n')

@@ -349,7 +349,10 @@ void TemplateFill::setCurrentRecords()
 
 void OdDbDatabase::completeFromTemplate()
 {
-    m_firstFromTemplate = handseed();
+    OdDbHandle const first = handseed();
     TemplateFill(*this).run();
+    if (!m_endFromTemplate.isNull())
+        return; // what mending adds later belongs to the drawing
+    m_firstFromTemplate = first;
     m_endFromTemplate = handseed();
 }

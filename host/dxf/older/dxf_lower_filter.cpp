@@ -109,7 +109,7 @@ void LowerFilter::write(TagSpan record, bool isEntity)
     std::size_t i = writeEnvelope(record);
     while (i < record.size() && record[i].code < kExtendedData) {
         OdDbTag const& tag = record[i];
-        if (tag.code == kMarker || tag.code == kEmbeddedObject) {
+        if (tag.code == kMarker || (isEntity && tag.is(kEmbeddedObject, "Embedded Object"))) {
             i = writeMarker(record, i, place);
             continue;
         }

@@ -16,6 +16,7 @@ class DictionaryTest : public CppUnit::TestFixture
     CPPUNIT_TEST(entriesAreUndoneAndRedone);
     CPPUNIT_TEST(indexFollowsUndo);
     CPPUNIT_TEST(refusalsChangeNothing);
+    CPPUNIT_TEST(longChainsOfOwnersAreErasedAndBroughtBack);
     CPPUNIT_TEST_SUITE_END();
 
 public:
@@ -48,6 +49,19 @@ private:
             if (!entry.id.isErased())
                 text += entry.name.str() + L" ";
         return text;
+    }
+
+    void longChainsOfOwnersAreErasedAndBroughtBack()
+    {
+        constexpr int kLength = 100'000;
+        OdDbObjectId last = m_dictionary->objectId();
+        for (int i = 0; i < kLength; ++i)
+            last = last.open<OdDbDictionary>(OdDb::kForWrite)->setAt(L"NEXT", new OdDbDictionary);
+        m_database->startUndoRecord();
+        m_dictionary->erase();
+        CPPUNIT_ASSERT(last.isErased());
+        m_database->undo();
+        CPPUNIT_ASSERT(!last.isErased());
     }
 
     void namesAreFoundInAnyCase()

@@ -73,6 +73,8 @@ std::vector<MalformedDrawing> excessiveDrawings()
         {"deeply nested extended data", [] { return entities("0\nPOINT\n1001\nA\n" + repeated(100 * kThousand, "1002\n{\n")); },
             "", 1},
         {"empty sections", [] { return drawing(repeated(20 * kThousand, section("ENTITIES", ""))); }, "", 0},
+        {"many unknown sections", [] { return drawing(generated(100 * kThousand, [](int i) {
+                return section("X" + std::to_string(i), ""); })); }, "", 0},
         {"empty tables", [] { return drawing(section("TABLES", repeated(100 * kThousand, "0\nTABLE\n2\nLAYER\n0\nENDTAB\n"))); },
             "", 0},
         {"a line without end", [] { return longLine(100 * kMillion, header() + "0\nSECTION\n2\nENTITIES\n0\nTEXT\n5\nA0\n1\n"); },
