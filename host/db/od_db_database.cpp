@@ -190,8 +190,8 @@ private:
     OdDbHandle m_seed;
 };
 
-/// The first handle from the next one on that nothing has or refers to: absurdly large ones, which do not raise the
-/// next handle, can be in its way. The handle of an object that was undone is free.
+/// The first handle from the next one on that nothing has or refers to: absurdly large ones, which do not raise
+/// the next handle, can be in its way. The handle of an object that was undone is free.
 OdDbHandle OdDbDatabase::freeHandle() const
 {
     for (OdDbHandle handle = m_handseed;; handle = OdDbHandle(handle.value() + 1)) {

@@ -69,7 +69,8 @@ public:
     /// Raises the next handle to at least this one; filers call it before they add objects. Absurdly large
     /// handles, as damaged files hold them, leave it: the handles after them would run out.
     void raiseHandseed(OdDbHandle seed);
-    /// The same for a handle in use, of which smaller ones count as absurd: new ones have room between both limits.
+    /// The same for a handle in use, of which smaller ones count as absurd: new ones have room between both
+    /// limits.
     void raiseHandseedAbove(OdDbHandle handle);
     /// Makes the object part of the drawing under a new handle or the one given. The caller puts it where it
     /// belongs (a block, a table). Throws OdError: eAlreadyInDb, eDuplicateKey (the handle is taken).
@@ -106,8 +107,8 @@ public:
     OdDbHeader& editHeader() { return m_header; }
     /// Adds whatever a drawing must have and this one lacks: tables, records, spaces, dictionaries, layouts.
     void completeFromTemplate();
-    /// The object was added when the drawing was made or opened, by completeFromTemplate: it says nothing about the
-    /// drawing.
+    /// The object was added when the drawing was made or opened, by completeFromTemplate: it says nothing about
+    /// the drawing.
     bool isFromTemplate(OdDbHandle handle) const
     {
         return handle >= m_firstFromTemplate && handle < m_endFromTemplate;

@@ -73,9 +73,9 @@ public:
     /// The group code under which drawing files hold the handle of the object.
     virtual int handleGroupCode() const { return 5; }
 
-    /// Tells everything about the object that cannot be right, on its own and with regard to what it refers to. For
-    /// a whole drawing: audit/od_db_audit.h. This one knows what the list of fields tells; classes add what only they
-    /// know. The object is in a drawing.
+    /// Tells everything about the object that cannot be right, on its own and with regard to what it refers to.
+    /// For a whole drawing: audit/od_db_audit.h. This one knows what the list of fields tells; classes add what
+    /// only they know. The object is in a drawing.
     virtual void audit(OdDbAuditInfo& info) const;
 
     /// @name For filers and the undo log

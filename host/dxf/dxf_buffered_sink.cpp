@@ -40,8 +40,7 @@ void BufferedSink::putBytes(std::string_view bytes)
         return;
     }
     reserve(bytes.size() + 1);
-    std::memcpy(m_at, bytes.data(), bytes.size());
-    m_at += bytes.size();
+    m_at = std::copy(bytes.begin(), bytes.end(), m_at);
 }
 
 void BufferedSink::putText(int code, std::string_view utf8)

@@ -22,10 +22,10 @@ OdDbDatabasePtr open(std::string_view bytes, dxf::ReadReport* report = nullptr);
 /// Calls what looks at a whole drawing: its objects, the extents of its blocks, the audit.
 void lookAt(OdDbDatabase& database);
 
-/// Saves the drawing, opens what was saved and saves that, and so once more: it opens without new notes, and the second
-/// and the third file are equal. The first one may differ: groups of damaged records that came too early to mean
-/// anything stand behind all others there. Releases before R2000 lack objects that are added whenever their files are
-/// opened, so that their next free handle may differ, too.
+/// Saves the drawing, opens what was saved and saves that, and so once more: it opens without new notes, and the
+/// second and the third file are equal. The first one may differ: groups of damaged records that came too early to
+/// mean anything stand behind all others there. Releases before R2000 lack objects that are added whenever their
+/// files are opened, so that their next free handle may differ, too.
 void save(OdDbDatabase const& database, dxf::FileFormat format);
 
 /// The round of a whole file; the format to save in follows from the bytes.

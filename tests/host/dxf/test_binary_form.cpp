@@ -11,7 +11,7 @@
 namespace {
 
 using dxf::ERelease;
-using namespace std::string_literals;
+using namespace std::literals;
 
 std::string const kSentinel = "AutoCAD Binary DXF\r\n\x1A\0"s;
 std::string const kOne = "\0\0\0\0\0\0\xF0\x3F"s; // 1.0
@@ -89,7 +89,7 @@ class BinaryFormTest : public CppUnit::TestFixture
             OdDbTag::ofText(0, "LINE"),       OdDbTag::ofHandle(5, OdDbHandle(0x1AFu)),
             OdDbTag::ofText(8, "Ma\xC3\x9F"), OdDbTag::ofReal(10, 1.0),
             OdDbTag::ofInteger(62, -2),       OdDbTag::ofText(1001, "ACAD"),
-            OdDbTag::ofInteger(1071, 65537),  OdDbTag::ofBinary(1004, "\x7F\0"s),
+            OdDbTag::ofInteger(1071, 65537),  OdDbTag::ofBinary(1004, "\x7F\0"sv),
             OdDbTag::ofText(999, "note"),
         };
         std::string const bytes = "\0LINE\0\x05"s
@@ -115,7 +115,7 @@ class BinaryFormTest : public CppUnit::TestFixture
             OdDbTag::ofInteger(160, std::numeric_limits<std::int64_t>::min()),
             OdDbTag::ofInteger(420, 0x00FF8040),
             OdDbTag::ofInteger(290, 1),
-            OdDbTag::ofBinary(310, "\0\xFF"s),
+            OdDbTag::ofBinary(310, "\0\xFF"sv),
             OdDbTag::ofBinary(310, ""),
             OdDbTag::ofText(1001, "ACAD"),
             OdDbTag::ofReal(1040, 1.0),
@@ -220,7 +220,7 @@ class BinaryFormTest : public CppUnit::TestFixture
     {
         std::string const text(200'000, 'x'), bytes(300, '\xAB');
         Written const written = write({OdDbTag::ofText(0, "X"), OdDbTag::ofText(1, text),
-                                       OdDbTag::ofBinary(310, bytes), OdDbTag::ofText(1, "a\nb\rc\0d"s)});
+                                       OdDbTag::ofBinary(310, bytes), OdDbTag::ofText(1, "a\nb\rc\0d"sv)});
         CPPUNIT_ASSERT(
             listOf({OdDbTag::ofText(0, "X"), OdDbTag::ofText(1, text),
                     OdDbTag::ofBinary(310, bytes.substr(0, 127)), OdDbTag::ofBinary(310, bytes.substr(0, 127)),
