@@ -1,7 +1,6 @@
 #include "host/dxf/older/dxf_lower_record.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace dxf {
 
@@ -34,7 +33,7 @@ void LowerRecord::clear()
 std::string_view LowerRecord::keep(std::string_view text)
 {
     auto* const copy = static_cast<char*>(m_texts.allocate(std::max<std::size_t>(text.size(), 1), 1));
-    std::memcpy(copy, text.data(), text.size());
+    std::copy(text.begin(), text.end(), copy);
     return {copy, text.size()};
 }
 
