@@ -14,6 +14,7 @@ namespace ut {
 namespace {
 
 constexpr std::size_t s_bufferSize = 64 * 1024;
+constexpr std::size_t s_startSize = 2 * 1024 * 1024;
 constexpr int s_maxLinks = 40; // as many as the system follows itself
 constexpr int s_maxNameAttempts = 100;
 
@@ -178,6 +179,11 @@ void AtomicFile::writeThrough(std::string_view bytes)
         if (count <= 0)
             fail(eFileWrite, count < 0 ? errno : EIO);
         bytes.remove_prefix(static_cast<std::size_t>(count));
+        m_unstarted += static_cast<std::size_t>(count);
+    }
+    if (m_unstarted >= s_startSize) {
+        system.startWriting(m_file.get()); // meanwhile the rest is made; committing has less to wait for
+        m_unstarted = 0;
     }
 }
 

@@ -49,6 +49,7 @@ private:
     std::string m_temporary; // empty when there is none
     FileHandle m_file;
     std::string m_buffer;
+    std::size_t m_unstarted = 0; // bytes that the disk was not told to write yet
 };
 
 } // namespace ut

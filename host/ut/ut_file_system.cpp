@@ -35,6 +35,13 @@ int FileSystem::fsync(int file)
     return ::fsync(file);
 }
 
+void FileSystem::startWriting(int file)
+{
+    int const before = errno;
+    ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
+    errno = before;
+}
+
 int FileSystem::close(int file)
 {
     return ::close(file);
