@@ -54,7 +54,10 @@ BinarySource::BinarySource(OdString path, std::string_view bytes, TextDecoder& d
 
 std::unique_ptr<TagSource> BinarySource::fromStart() const
 {
-    return std::make_unique<BinarySource>(path(), m_bytes, m_decoder);
+    auto decoder = std::make_unique<TextDecoder>(m_decoder.sameWithoutText());
+    auto source = std::make_unique<BinarySource>(path(), m_bytes, *decoder);
+    source->m_ownDecoder = std::move(decoder);
+    return source;
 }
 
 OdString BinarySource::placeText(std::size_t place) const

@@ -43,6 +43,7 @@ private:
 
     std::string_view m_bytes;
     TextDecoder& m_decoder;
+    std::unique_ptr<TextDecoder> m_ownDecoder; ///< of a source that looks ahead: views of the other one stay whole
     char const* m_at;
     char const* m_end;
     char const* m_tag; ///< the group code that was read last

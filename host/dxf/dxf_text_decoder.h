@@ -32,6 +32,9 @@ public:
     {
     }
 
+    /// A decoder of the same code page and form with buffers of its own.
+    TextDecoder sameWithoutText() const { return TextDecoder(m_codePageName, m_form); }
+
     /// The text itself when it needs no decoding, else a view that lasts until the next call.
     std::string_view decode(std::string_view text);
 

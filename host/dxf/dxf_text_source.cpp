@@ -93,7 +93,10 @@ TextSource::TextSource(OdString path, std::string_view bytes, TextDecoder& decod
 
 std::unique_ptr<TagSource> TextSource::fromStart() const
 {
-    return std::make_unique<TextSource>(path(), m_bytes, m_decoder);
+    auto decoder = std::make_unique<TextDecoder>(m_decoder.sameWithoutText());
+    auto source = std::make_unique<TextSource>(path(), m_bytes, *decoder);
+    source->m_ownDecoder = std::move(decoder);
+    return source;
 }
 
 OdString TextSource::placeText(std::size_t place) const

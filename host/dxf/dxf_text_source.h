@@ -39,6 +39,7 @@ private:
 
     std::string_view m_bytes;
     TextDecoder& m_decoder;
+    std::unique_ptr<TextDecoder> m_ownDecoder; ///< of a source that looks ahead: views of the other one stay whole
     char const* m_at;
     char const* m_end;
     std::size_t m_line = 0;     ///< of the group code read last

@@ -1,3 +1,5 @@
+#include "host/db/records/od_db_symbol_table.h"
+#include "host/dxf/dxf_file.h"
 #include "host/dxf/dxf_text_decoder.h"
 #include "host/dxf/dxf_text_encoder.h"
 #include "host/dxf/dxf_utf8.h"
@@ -39,6 +41,7 @@ class CodePagesTest : public CppUnit::TestFixture
     CPPUNIT_TEST(escapesRead);
     CPPUNIT_TEST(escapesWritten);
     CPPUNIT_TEST(formOfFile);
+    CPPUNIT_TEST(namesOutlastLookingAhead);
     CPPUNIT_TEST_SUITE_END();
 
     void bothWays()
@@ -195,6 +198,15 @@ class CodePagesTest : public CppUnit::TestFixture
         CPPUNIT_ASSERT(ETextForm::kUtf8 == dxf::textFormOf("1\nMa\xDF\n", "ANSI_1252", ERelease::kR2007));
         CPPUNIT_ASSERT_EQUAL(std::string("ßä"), decoded("\xDF", "ANSI_1252", ETextForm::kUtf8) +
                                                     decoded("ä", "ANSI_1252", ETextForm::kUtf8));
+    }
+
+    /// A name that is used but not defined makes the reader look through the rest of the file for free handles.
+    void namesOutlastLookingAhead()
+    {
+        std::string const file = "0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\nW\xE4nde\n0\nTEXT\n8\n0\n1\n" +
+                                 std::string(200, '\xDF') + "\n0\nENDSEC\n0\nEOF\n";
+        OdDbDatabasePtr const drawing = dxf::readBytes(L"a.dxf", file);
+        CPPUNIT_ASSERT(drawing->table(OdDbTableKind::kLayer).has(L"W\u00E4nde"));
     }
 };
 CPPUNIT_TEST_SUITE_REGISTRATION(CodePagesTest);
