@@ -120,8 +120,10 @@ void LegacyNames::nameSpaces()
     m_changesAny = true;
     Names& blocks = m_names[static_cast<std::size_t>(OdDbTableKind::kBlock)];
     for (auto const& [name, oldName] :
-         {std::pair("*MODEL_SPACE", "$MODEL_SPACE"), {"*PAPER_SPACE", "$PAPER_SPACE"}})
+         {std::pair("*MODEL_SPACE", "$MODEL_SPACE"), {"*PAPER_SPACE", "$PAPER_SPACE"}}) {
         blocks.byUpperName[name] = oldName;
+        blocks.byUpperName[oldName] = std::string(oldName) + "_1"; // an ordinary block today
+    }
     for (auto& [name, fitting] : blocks.bySpelling)
         if (auto const it = blocks.byUpperName.find(upperAscii(name)); it != blocks.byUpperName.end())
             fitting = it->second;
