@@ -18,7 +18,7 @@ public:
 protected:
     BufferedSink(ByteSink& bytes, TextEncoder& encoder);
 
-    static constexpr std::size_t kBufferSize = 256 * 1024; ///< more than files keep back themselves
+    static constexpr std::size_t kBufferSize = 256 * 1024;           ///< more than files keep back themselves
     static constexpr std::size_t kLongestNumber = kLongestReal + 20; ///< any number as text, and a group code
 
     /// Makes room for `size` bytes, less than the buffer holds, behind m_at.
