@@ -172,16 +172,7 @@ std::int64_t BinarySink::fitted(EBinaryForm form, int code, std::int64_t value)
 void BinarySink::putAsText(OdDbTag const& tag)
 {
     putCode(tag.code);
-    switch (tag.kind) {
-    case OdDbTagKind::kText: putText(tag.code, tag.text); break;
-    case OdDbTagKind::kReal:
-        requireFinite(tag.code, tag.real);
-        putRealText(tag.real);
-        break;
-    case OdDbTagKind::kInteger: putIntegerText(tag.integer); break;
-    case OdDbTagKind::kHandle: putHandle(tag.code, tag.handle()); break;
-    case OdDbTagKind::kBinary: putHexadecimal(tag.text); break;
-    }
+    putValueText(tag);
     *m_at++ = '\0';
 }
 

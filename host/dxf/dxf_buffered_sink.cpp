@@ -32,6 +32,21 @@ void BufferedSink::flush()
     m_at = m_buffer.get();
 }
 
+void BufferedSink::putValueText(OdDbTag const& tag)
+{
+    reserve(kLongestNumber);
+    switch (tag.kind) {
+    case OdDbTagKind::kText: putText(tag.code, tag.text); break;
+    case OdDbTagKind::kReal:
+        requireFinite(tag.code, tag.real);
+        putRealText(tag.real);
+        break;
+    case OdDbTagKind::kInteger: putIntegerText(tag.integer); break;
+    case OdDbTagKind::kHandle: putHandle(tag.code, tag.handle()); break;
+    case OdDbTagKind::kBinary: putHexadecimal(tag.text); break;
+    }
+}
+
 void BufferedSink::putBytes(std::string_view bytes)
 {
     if (bytes.size() + 1 > kBufferSize) {

@@ -29,6 +29,8 @@ protected:
     }
     // The functions below make room as they need it, and for one byte more.
 
+    /// The value of a tag in the form of text files. Throws OdError(eOutOfRange) for a real that is not finite.
+    void putValueText(OdDbTag const& tag);
     /// Bytes of any number.
     void putBytes(std::string_view bytes);
     /// The text as the file holds it: encoded, except for names of records (group 0), and with a caret before what

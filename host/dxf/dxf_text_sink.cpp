@@ -39,16 +39,7 @@ void TextSink::put(OdDbTag const& tag)
 {
     reserve(kLongestNumber);
     putCode(tag.code);
-    switch (tag.kind) {
-    case OdDbTagKind::kText: putText(tag.code, tag.text); break;
-    case OdDbTagKind::kReal:
-        requireFinite(tag.code, tag.real);
-        putRealText(tag.real);
-        break;
-    case OdDbTagKind::kInteger: putIntegerText(tag.integer); break;
-    case OdDbTagKind::kHandle: putHandle(tag.code, tag.handle()); break;
-    case OdDbTagKind::kBinary: putHexadecimal(tag.text); break;
-    }
+    putValueText(tag);
     *m_at++ = '\n';
 }
 
