@@ -1,5 +1,5 @@
 #include "host/geom/od_ge_elliptic_arc.h"
-#include "host/geom/od_ge_rectangle_test.h"
+#include "host/geom/od_ge_region2d.h"
 
 #include <cppunit/extensions/HelperMacros.h>
 
@@ -135,8 +135,9 @@ class EllipticArcTest : public CppUnit::TestFixture
                 farthest = std::max(farthest, distance);
             }
             double const step = (arc.u.length() + arc.v.length()) * arc.sweep() / kSamples;
-            bool const crosses = odgeRectangleTest::crosses(rectangle, arc);
-            bool const inside = odgeRectangleTest::inside(rectangle, arc);
+            OdGeRegion2d const region = OdGeRegion2d::rectangle(rectangle);
+            bool const crosses = region.crosses(arc);
+            bool const inside = region.holds(arc);
             std::string const name = "case " + std::to_string(i);
             if (nearest <= 0)
                 CPPUNIT_ASSERT_MESSAGE(name, crosses);
@@ -156,8 +157,12 @@ class EllipticArcTest : public CppUnit::TestFixture
 
     void arcTouchingARectangle()
     {
-        using odgeRectangleTest::crosses;
-        using odgeRectangleTest::inside;
+        auto const crosses = [](OdGeExtents2d const& box, OdGeEllipticArc const& arc) {
+            return OdGeRegion2d::rectangle(box).crosses(arc);
+        };
+        auto const inside = [](OdGeExtents2d const& box, OdGeEllipticArc const& arc) {
+            return OdGeRegion2d::rectangle(box).holds(arc);
+        };
         auto const circle = OdGeEllipticArc::circular({0.1, 0.2, 9}, {0, 0, 1}, 0.7);
         CPPUNIT_ASSERT(crosses({{0.8, -1}, {2, 1}}, circle)); // touches from outside
         CPPUNIT_ASSERT(!crosses({{0.8001, -1}, {2, 1}}, circle));
