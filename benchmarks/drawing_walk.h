@@ -20,6 +20,10 @@ inline double placeOf(OdDbEntity const& entity)
         return text->position().x;
     if (auto const* const polyline = odCast<OdDbPolyline>(&entity))
         return polyline->numVerts() > 0 ? polyline->getPointAt(0).x : 0;
+    if (auto const* const curve = odCast<OdDbCurve>(&entity)) {
+        OdGePoint3d start;
+        return curve->getStartPoint(start) == eOk ? start.x : 0;
+    }
     if (auto const* const point = odCast<OdDbPoint>(&entity))
         return point->position().x;
     if (auto const* const reference = odCast<OdDbBlockReference>(&entity))

@@ -113,6 +113,38 @@ void OdDbDatabase::setTILEMODE(bool on)
         setHeaderInteger("TILEMODE", 70, on ? 1 : 0);
 }
 
+/// The true color that was current.
+class OdDbCurrentColorStep : public OdDbUndoStep
+{
+public:
+    explicit OdDbCurrentColorStep(OdCmColor const& before) : m_color(before) {}
+    void revert(OdDbDatabase& database) override { std::swap(database.m_currentTrueColor, m_color); }
+
+private:
+    OdCmColor m_color;
+};
+
+OdCmColor OdDbDatabase::getCECOLOR() const
+{
+    OdCmColor const color(static_cast<std::int16_t>(m_header.integer("CECOLOR", OdCmColor::kByLayer)));
+    bool const isTrueColor =
+        m_currentTrueColor.isTrueColor() && m_currentTrueColor.colorIndex() == color.colorIndex();
+    return isTrueColor ? m_currentTrueColor : color;
+}
+
+void OdDbDatabase::setCECOLOR(OdCmColor const& color)
+{
+    OdCmColor const before = getCECOLOR();
+    if (color == before)
+        return;
+    m_undo.add(std::make_unique<OdDbCurrentColorStep>(m_currentTrueColor));
+    m_currentTrueColor = color;
+    if (color.colorIndex() != before.colorIndex())
+        setHeaderInteger("CECOLOR", 62, color.colorIndex());
+    else
+        noteChange();
+}
+
 /// The current record of a table as it was.
 class OdDbCurrentStep : public OdDbUndoStep
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/od_db_color.h"
 #include "host/db/od_db_file_content.h"
 #include "host/db/od_db_handle_table.h"
 #include "host/db/od_db_header.h"
@@ -48,6 +49,10 @@ public:
     OdDbObjectId current(OdDbTableKind kind) const { return m_current[static_cast<std::size_t>(kind)]; }
     /// Throws OdError(eWrongDatabase) for an id of another drawing. Undoable.
     void setCurrent(OdDbTableKind kind, OdDbObjectId record);
+    /// The color that new entities take. Files keep of a true color the palette color that is nearest to it.
+    OdCmColor getCECOLOR() const;
+    /// Undoable.
+    void setCECOLOR(OdCmColor const& color);
     /// Model space is the active space (TILEMODE). Undoable.
     bool getTILEMODE() const { return m_header.integer("TILEMODE", 1) != 0; }
     void setTILEMODE(bool on);
@@ -121,6 +126,7 @@ private:
     friend class OdDbCreateStep;
     friend class OdDbHeaderStep;
     friend class OdDbCurrentStep;
+    friend class OdDbCurrentColorStep;
 
     OdDbHandle freeHandle() const;
 
@@ -132,6 +138,7 @@ private:
     std::vector<OdDbStub*> m_fileObjects;
     std::array<OdDbObjectId, kOdDbTableKinds> m_tables;
     std::array<OdDbObjectId, kOdDbTableKinds> m_current;
+    OdCmColor m_currentTrueColor; ///< counts while its nearest palette color is the current one
     OdDbObjectId m_namedObjects;
     OdDbObjectId m_modelSpace;
     OdDbObjectId m_paperSpace;

@@ -43,10 +43,20 @@ OdDbSection OdDbEntity::entitySection()
 return {"AcDbEntity", s_fields, nullptr, &writePaperSpaceFlag};
 }
 
+template <class Set>
+void OdDbEntity::setOnParts(Set const& set)
+{
+    if (!partsFollowProperties())
+        return;
+    for (OdDbEntityPtr const& part : openParts())
+        set(*part);
+}
+
 void OdDbEntity::setColor(OdCmColor const& color)
 {
     assertWriteEnabled();
     m_color = color;
+    setOnParts([&](OdDbEntity& part) { part.setColor(color); });
 }
 
 void OdDbEntity::setLayer(OdDbObjectId layer)
@@ -57,6 +67,7 @@ void OdDbEntity::setLayer(OdDbObjectId layer)
         throw OdError(eWrongDatabase);
     assertWriteEnabled();
     m_layer = layer;
+    setOnParts([&](OdDbEntity& part) { part.setLayer(layer); });
 }
 
 void OdDbEntity::setLinetype(OdDbObjectId linetype)
@@ -65,6 +76,7 @@ void OdDbEntity::setLinetype(OdDbObjectId linetype)
         throw OdError(eWrongDatabase);
     assertWriteEnabled();
     m_linetype = linetype;
+    setOnParts([&](OdDbEntity& part) { part.setLinetype(linetype); });
 }
 
 void OdDbEntity::setLinetypeScale(double scale)
@@ -73,6 +85,7 @@ void OdDbEntity::setLinetypeScale(double scale)
         throw OdError(eOutOfRange);
     assertWriteEnabled();
     m_linetypeScale = scale;
+    setOnParts([&](OdDbEntity& part) { part.setLinetypeScale(scale); });
 }
 
 void OdDbEntity::setLineWeight(int weight)
@@ -81,12 +94,14 @@ void OdDbEntity::setLineWeight(int weight)
         throw OdError(eOutOfRange);
     assertWriteEnabled();
     m_lineWeight = static_cast<std::int16_t>(weight);
+    setOnParts([&](OdDbEntity& part) { part.setLineWeight(weight); });
 }
 
 void OdDbEntity::setVisible(bool visible)
 {
     assertWriteEnabled();
     m_invisible = visible ? 0 : 1;
+    setOnParts([&](OdDbEntity& part) { part.setVisible(visible); });
 }
 
 void OdDbEntity::setDatabaseDefaults(OdDbDatabase& database)
@@ -96,9 +111,36 @@ void OdDbEntity::setDatabaseDefaults(OdDbDatabase& database)
     m_layer = database.getCLAYER();
     m_linetype = database.getCELTYPE();
     m_linetypeScale = header.real("CELTSCALE", 1.0);
-    m_color = OdCmColor(static_cast<std::int16_t>(header.integer("CECOLOR", OdCmColor::kByLayer)));
+    m_color = database.getCECOLOR();
     m_lineWeight = static_cast<std::int16_t>(header.integer("CELWEIGHT", -1));
+    setOnParts([&](OdDbEntity& part) { part.setPropertiesFrom(*this); });
 }
+
+void OdDbEntity::setPropertiesFrom(OdDbEntity const& other)
+{
+    assertWriteEnabled();
+    m_color = other.m_color;
+    m_layer = other.m_layer;
+    m_linetype = other.m_linetype;
+    m_linetypeScale = other.m_linetypeScale;
+    m_lineWeight = other.m_lineWeight;
+    m_invisible = other.m_invisible;
+    setOnParts([&](OdDbEntity& part) { part.setPropertiesFrom(other); });
+}
+
+OdResult OdDbEntity::explode(std::vector<OdDbEntityPtr>&) const
+{
+    return eNotApplicable;
+}
+
+void OdDbEntity::getStretchPoints(std::vector<OdGePoint3d>&) const {}
+
+OdResult OdDbEntity::moveStretchPointsAt(std::span<int const>, OdGeVector3d const&)
+{
+    return eNotApplicable;
+}
+
+void OdDbEntity::listProperties(OdDbPropertySink&) const {}
 
 OdResult OdDbEntity::transformBy(OdGeMatrix3d const&)
 {

@@ -13,6 +13,8 @@ public:
         m_extents.addPoint(end);
     }
     void arc(OdGeEllipticArc const& arc) override { m_extents.addExt(arc.extents()); }
+    void spline(OdGeNurbCurve3d const& curve) override { m_extents.addExt(curve.extents()); }
+    void endless(OdGePoint3d const&, OdGeVector3d const&, bool) override {}
     void polygon(std::span<OdGePoint3d const> corners) override
     {
         for (OdGePoint3d const& corner : corners)

@@ -66,6 +66,16 @@ void OdDbObject::assignFields(OdDbObject const&)
     throw OdError(eNotApplicable);
 }
 
+void OdDbObject::takeFieldsOf(OdDbObject const& other)
+{
+    if (other.isA() != isA())
+        throw OdError_NotThatKindOfClass(other.isA(), isA());
+    assertWriteEnabled();
+    OdDbCopiedPtr<OdDbObjectExtras> const extras = m_extras;
+    assignFields(other);
+    m_extras = extras;
+}
+
 void OdDbObject::assertWriteEnabled()
 {
     if (!m_stub)
@@ -149,6 +159,7 @@ OdDbObjectPtr OdDbObject::clone() const
         copy->m_extras.get()->reactors.clear();
         copy->m_extras.get()->extensionDictionary = OdDbObjectId();
     }
+    copy->copyPartsOf(*this);
     return copy;
 }
 

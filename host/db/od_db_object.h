@@ -50,8 +50,14 @@ public:
     void upgradeOpen() { m_openForWrite = true; }
     void downgradeOpen() { m_openForWrite = false; }
 
-    /// A copy without drawing, handle, reactors and extension dictionary; extended data is copied.
+    /// A copy without drawing, handle, reactors and extension dictionary; extended data and parts (vertices,
+    /// attributes) are copied.
     OdSmartPtr<OdDbObject> clone() const;
+
+    /// Takes all fields of an object of exactly the same class: geometry and properties. What else belongs to this
+    /// one stays: identity, parts, reactors, extended data, extension dictionary. Throws OdError:
+    /// OdError_NotThatKindOfClass, eNotOpenForWrite.
+    void takeFieldsOf(OdDbObject const& other);
 
     /// Null when there is none.
     OdDbObjectId extensionDictionary() const;
@@ -86,6 +92,8 @@ public:
     virtual void fieldsRestored() {}
     /// Called once when the object becomes part of a drawing, before anything else can see it.
     virtual void addedToDatabase() {}
+    /// Called on a copy: takes copies of what belongs to the source and is not among its fields.
+    virtual void copyPartsOf(OdDbObject const&) {}
     /// Drawing files list the object by itself, outside tables and blocks.
     virtual bool standsAmongFileObjects() const { return false; }
     /// Called after erasing and bringing back, also by undo.
@@ -137,13 +145,22 @@ private:
         *this = static_cast<Class const&>(image);                                                                 \
     }
 
+/// Whether a record is of one class among several that share their name in files: by its tags and by the entity
+/// of which it is a part (null for none).
+using OdDbVariantTest = bool (*)(OdDbTagList const& tags, OdDbObject const* whole);
+
 /// Puts a class under its name in drawing files; see od_db_class_registry.h.
 struct OdDbClassRegistrar
 {
-    OdDbClassRegistrar(std::string_view dxfName, OdRxClass::DescFunction desc);
+    OdDbClassRegistrar(std::string_view dxfName, OdRxClass::DescFunction desc, OdDbVariantTest test = nullptr);
 };
 
 /// In the source file: the class record and the name in drawing files.
 #define OD_DB_DEFINE_CLASS(Class, Parent, dxfName)                                                                \
     OD_DEFINE_CLASS(Class, Parent)                                                                                \
     static OdDbClassRegistrar const s_registerFile##Class(dxfName, &Class::desc);
+
+/// For a class that shares its name in files with others.
+#define OD_DB_DEFINE_VARIANT_CLASS(Class, Parent, dxfName, test)                                                  \
+    OD_DEFINE_CLASS(Class, Parent)                                                                                \
+    static OdDbClassRegistrar const s_registerFile##Class(dxfName, &Class::desc, test);

@@ -15,20 +15,12 @@ public:
     explicit OdDbRawEntity(std::string_view dxfName) : m_dxfName(dxfName) {}
     std::string_view dxfName() const override { return m_dxfName; }
 
-    std::span<OdDbStub* const> subentities() const override { return m_subentities; }
-    OdDbObjectId sequenceEnd() const override { return OdDbObjectId(m_sequenceEnd.stub); }
-    /// For filers: entities that follow this one in the file and belong to it.
-    void adoptSubentity(OdDbEntity& entity) { m_subentities.push_back(entity.objectId().stub()); }
-    void adoptSequenceEnd(OdDbEntity& entity) { m_sequenceEnd.stub = entity.objectId().stub(); }
+    OdDbPartList const* partList() const override { return &m_parts; }
+    bool takesPart(OdDbEntity const&) const override { return true; }
 
 private:
-    struct End
-    {
-        OdDbStub* stub = nullptr;
-    };
     std::string m_dxfName;
-    OdDbNotCopied<std::vector<OdDbStub*>> m_subentities;
-    OdDbNotCopied<End> m_sequenceEnd;
+    OdDbPartList m_parts;
 };
 
 /// An object of a class that the host does not know.

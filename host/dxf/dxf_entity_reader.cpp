@@ -1,7 +1,5 @@
 #include "host/dxf/dxf_entity_reader.h"
 
-#include "host/db/entities/od_db_attribute.h"
-#include "host/db/entities/od_db_block_reference.h"
 #include "host/db/entities/od_db_sequence_end.h"
 #include "host/db/filer/od_db_class_registry.h"
 #include "host/db/od_db_raw_object.h"
@@ -32,27 +30,14 @@ std::string_view partNameOf(std::string_view entity)
     return {};
 }
 
-void adoptPart(OdDbEntity& parent, OdDbEntity& part)
-{
-    if (auto* const reference = odCast<OdDbBlockReference>(&parent))
-        reference->adoptAttribute(*odCastOrThrow<OdDbAttribute>(&part));
-    else
-        odCastOrThrow<OdDbRawEntity>(&parent)->adoptSubentity(part);
-}
-
-void adoptEnd(OdDbEntity& parent, OdDbEntity& end)
-{
-    if (auto* const reference = odCast<OdDbBlockReference>(&parent))
-        reference->adoptSequenceEnd(*odCastOrThrow<OdDbSequenceEnd>(&end));
-    else
-        odCastOrThrow<OdDbRawEntity>(&parent)->adoptSequenceEnd(end);
-}
-
 } // namespace
 
-OdDbEntityPtr EntityReader::create(std::string_view name) const
+/// `whole` is the entity of which the record is a part, if any.
+OdDbEntityPtr EntityReader::create(std::string_view name, OdDbEntity const* whole) const
 {
-    OdRxClass const* const known = odDbClassRegistry::find(name);
+    OdRxClass const* const known = odDbClassRegistry::hasVariants(name)
+                                       ? odDbClassRegistry::choose(name, m_reading.peekRecord(), whole)
+                                       : odDbClassRegistry::find(name);
     if (!known)
         return new OdDbRawEntity(name);
     if (!known->isDerivedFrom(OdDbEntity::desc())) {
@@ -69,7 +54,7 @@ void EntityReader::read(OdDbBlockTableRecord* block)
         return;
     endSequence();
     m_partName = partNameOf(name);
-    OdDbEntityPtr const entity = create(name);
+    OdDbEntityPtr const entity = create(name, nullptr);
     RecordHead const head = m_reading.readRecord(*entity);
     m_isParentLeftOut = leaveOutIfBroken(name, head);
     if (m_isParentLeftOut)
@@ -79,8 +64,10 @@ void EntityReader::read(OdDbBlockTableRecord* block)
     OdDbBlockTableRecord& space = block ? *block : spaceOf(head);
     m_reading.add(*entity, space.objectId(), head);
     space.adopt(*entity);
-    if (!m_partName.empty())
-        m_parent = entity;
+    if (m_partName.empty())
+        return;
+    m_parent = entity;
+    m_parentPlace = head.place;
 }
 
 /// False for an entity that is no part of the one before.
@@ -94,7 +81,8 @@ bool EntityReader::readAsPart(std::string_view name)
         m_reading.skipRecord();
         return true;
     }
-    OdDbEntityPtr const part = create(name);
+    OdRxClass const* const cls = isEnd ? nullptr : m_parent->partClass();
+    OdDbEntityPtr const part = cls ? OdDbEntityPtr(OdRxObjectPtr(cls->create())) : create(name, m_parent.get());
     RecordHead const head = m_reading.readRecord(*part);
     if (!isEnd && leaveOutIfBroken(name, head))
         return true;
@@ -102,12 +90,20 @@ bool EntityReader::readAsPart(std::string_view name)
         part->setLayer(m_parent->layerId());
     m_reading.add(*part, m_parent->objectId(), head);
     if (!isEnd) {
-        adoptPart(*m_parent, *part);
+        m_parent->adoptPart(*part);
         return true;
     }
-    adoptEnd(*m_parent, *part);
-    m_parent.release();
+    m_parent->adoptSequenceEnd(*part);
+    partsAreRead();
     return true;
+}
+
+void EntityReader::partsAreRead()
+{
+    if (OdString const problem = m_parent->partsProblem(); !problem.isEmpty())
+        m_reading.note(m_parentPlace, m_parent->getDbHandle(),
+                       OdString::fromUtf8(m_parent->dxfName()) + L": " + problem);
+    m_parent.release();
 }
 
 /// An entity that lost tags would show what nobody drew.
@@ -125,14 +121,14 @@ void EntityReader::endSequence()
     if (!m_parent)
         return;
     if (!m_parent->subentities().empty()) {
-        OdDbEntityPtr const end = create(kSequenceEnd);
+        OdDbEntityPtr const end = new OdDbSequenceEnd;
         end->setLayer(m_parent->layerId());
         m_reading.add(*end, m_parent->objectId(), {});
-        adoptEnd(*m_parent, *end);
+        m_parent->adoptSequenceEnd(*end);
         m_reading.note(m_reading.place(), m_parent->getDbHandle(),
                        L"The end mark SEQEND was missing and is added");
     }
-    m_parent.release();
+    partsAreRead();
 }
 
 OdDbBlockTableRecord& EntityReader::spaceOf(RecordHead const& head) const

@@ -22,13 +22,15 @@ public:
     void endSequence();
 
 private:
-    OdDbEntityPtr create(std::string_view name) const;
+    OdDbEntityPtr create(std::string_view name, OdDbEntity const* whole) const;
     bool readAsPart(std::string_view name);
     bool leaveOutIfBroken(std::string_view name, RecordHead const& head);
+    void partsAreRead();
     OdDbBlockTableRecord& spaceOf(RecordHead const& head) const;
 
     Reading& m_reading;
-    OdDbEntityPtr m_parent;         ///< entity whose parts may follow
+    OdDbEntityPtr m_parent; ///< entity whose parts may follow
+    std::size_t m_parentPlace = 0;
     bool m_isParentLeftOut = false; ///< parts may follow that have nothing to belong to
     std::string_view m_partName;
 };

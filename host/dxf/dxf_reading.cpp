@@ -23,6 +23,16 @@ Reading::~Reading()
 
 void Reading::advance()
 {
+    if (m_peekAt && *m_peekAt != m_peeked.end()) {
+        m_tag = **m_peekAt;
+        ++*m_peekAt;
+        return;
+    }
+    if (m_peekAt) {
+        m_peekAt.reset();
+        m_tag = m_behindPeeked;
+        return;
+    }
     if (m_source.next(m_tag))
         return;
     m_tag = OdDbTag::ofText(0, "EOF");
@@ -107,14 +117,35 @@ bool Reading::resolveName()
     return !layer.isNull();
 }
 
+void Reading::beginRecord()
+{
+    if (m_peekAt)
+        return; // begun by peeking
+    m_firstNoteOfRecord = m_report.notes.size();
+    m_recordName = m_tag.text;
+    m_isRecordBroken = false;
+}
+
+OdDbTagList const& Reading::peekRecord()
+{
+    beginRecord();
+    OdDbTag const name = m_tag;
+    m_peekedPlace = m_source.place();
+    m_peeked.clear();
+    for (advance(); m_tag.code != 0; advance())
+        m_peeked.put(m_tag);
+    m_behindPeeked = m_tag;
+    m_tag = name;
+    m_peekAt = m_peeked.begin();
+    return m_peeked;
+}
+
 RecordHead Reading::readRecord(OdDbObject& object)
 {
     RecordHead head;
     head.place = place();
     OdDbRecordReader reader(object, m_names);
-    std::size_t const firstNote = m_report.notes.size();
-    m_recordName = m_tag.text;
-    m_isRecordBroken = false;
+    beginRecord();
     for (advance(); m_tag.code != 0; advance()) {
         noteHandle();
         if (m_tag.code != kFrozenLayer || resolveName())
@@ -128,7 +159,7 @@ RecordHead Reading::readRecord(OdDbObject& object)
     head.isBroken = m_isRecordBroken;
     head.handle = reader.handle();
     // Damage can come before the handle.
-    for (std::size_t i = firstNote; i < m_report.notes.size(); ++i)
+    for (std::size_t i = m_firstNoteOfRecord; i < m_report.notes.size(); ++i)
         m_report.notes[i].handle = head.handle;
     head.owner = reader.owner();
     head.isInPaperSpace = reader.isInPaperSpace();

@@ -3,6 +3,8 @@
 #include "host/dxf/dxf_file.h"
 #include "host/dxf/dxf_name_index.h"
 
+#include <optional>
+
 namespace dxf {
 
 /// What a record says of its place in the drawing.
@@ -36,7 +38,7 @@ public:
     /// The reading stands at an end mark of a section or at the begin of the next one: nothing of this one
     /// follows.
     bool isAtSectionEnd() const { return isAt(0, "ENDSEC") || isAt(0, "SECTION") || isAt(0, "EOF"); }
-    std::size_t place() const { return m_source.place(); }
+    std::size_t place() const { return m_peekAt ? m_peekedPlace : m_source.place(); }
     /// Goes to the next tag. A file that ends without its end mark gets one, and a note.
     void advance();
     /// Goes to the next group 0.
@@ -53,6 +55,9 @@ public:
     void keepSection(OdDbTagList& tags);
     /// Puts the record at which the reading stands into the list; stands at the next group 0 then.
     void keepRecord(OdDbTagList& tags);
+    /// The tags of the record at which the reading stands, which it does not leave: for those whose class only
+    /// they tell. They last until the record is read; places of damage are then known only as the record's.
+    OdDbTagList const& peekRecord();
     /// Reads the record at which the reading stands into the object; stands at the next group 0 then.
     RecordHead readRecord(OdDbObject& object);
 
@@ -67,6 +72,7 @@ public:
     void note(OdString text) { note(place(), {}, std::move(text)); }
 
 private:
+    void beginRecord();
     void keep(OdDbTagList& tags);
     void noteHandle();
     bool resolveName();
@@ -80,6 +86,11 @@ private:
     OdDbTag m_tag;
     std::string_view m_recordName; ///< of the record that is being read; empty between records
     bool m_isRecordBroken = false;
+    std::size_t m_firstNoteOfRecord = 0;
+    OdDbTagList m_peeked;
+    std::size_t m_peekedPlace = 0;
+    OdDbTag m_behindPeeked;
+    std::optional<OdDbTagList::Iterator> m_peekAt; ///< the next tag to come from what was peeked at
     bool m_isCutOff = false;
     OdDbHandle m_highestHandle; ///< in records and kept tags, references to nothing included
 };

@@ -2,6 +2,7 @@
 
 #include "host/db/audit/od_db_audit.h"
 #include "host/db/entities/od_db_block_outline.h"
+#include "host/db/entities/od_db_curve.h"
 #include "host/db/od_db_extents.h"
 #include "host/db/records/od_db_block_table_record.h"
 #include "host/db/records/od_db_dictionary.h"
@@ -26,12 +27,37 @@ private:
     std::size_t m_size = 0;
 };
 
+/// What commands ask of curves. They may refuse to answer, but they have to answer.
+void lookAtCurve(OdDbCurve const& curve)
+{
+    double number = 1;
+    OdGePoint3d point;
+    curve.getParamAtDist(curve.getLength(number) == eOk ? number / 2 : 1, number);
+    curve.getArea(number);
+    curve.getClosestPointTo({1, 2, 3}, point, true);
+    std::vector<OdDbEntityPtr> pieces;
+    double start = 0;
+    double end = 1;
+    curve.getStartParam(start);
+    curve.getEndParam(end);
+    double const middle = start + (end - start) / 2;
+    curve.getSplitCurves(std::span(&middle, 1), pieces);
+    curve.explode(pieces);
+    for (OdDbEntityPtr const& piece : pieces)
+        piece->extents();
+}
+
 void lookAtEntity(OdDbEntity const& entity)
 {
+    if (auto const* const curve = odCast<OdDbCurve>(&entity))
+        lookAtCurve(*curve);
     for (OdDbStub* const part : entity.subentities())
         lookAtEntity(*static_cast<OdDbEntity const*>(part->object));
-    if (entity.dxfName() != "INSERT") // grids of blocks are looked at once, as part of model space
+    if (entity.dxfName() != "INSERT") { // grids of blocks are looked at once, as part of model space
         entity.extents();
+        std::vector<OdDbEntityPtr> pieces;
+        entity.explode(pieces);
+    }
     entity.clone();
 }
 
@@ -80,10 +106,13 @@ std::string asText(dxf::ReadReport const& report, dxf::ReadNote const& note)
     return (locationOf(kPath, report, note) + L": " + note.text).toUtf8();
 }
 
-/// What stands among entities without being one is kept as it is, and noted whenever such a file is opened.
+/// What is kept as it is, and noted whenever such a file is opened: what stands among entities without being one,
+/// meshes whose size does not fit their vertices.
 bool isExpected(dxf::ReadNote const& note)
 {
-    return note.text.str().ends_with(L"is no entity; it is kept here as it is");
+    std::wstring const& text = note.text.str();
+    return text.ends_with(L"is no entity; it is kept here as it is") ||
+           text.find(L"vertices instead of") != std::wstring::npos;
 }
 
 /// The file without the next free handle: opening a file of an old release adds objects that such files cannot

@@ -10,23 +10,8 @@
 
 namespace {
 
-struct NamedRecord
-{
-    OdDbTableKind table;
-    wchar_t const* name;
-};
-
-constexpr NamedRecord s_required[] = {
-    {OdDbTableKind::kLayer, L"0"},
-    {OdDbTableKind::kLinetype, L"ByBlock"},
-    {OdDbTableKind::kLinetype, L"ByLayer"},
-    {OdDbTableKind::kLinetype, L"Continuous"},
-    {OdDbTableKind::kTextStyle, L"Standard"},
-    {OdDbTableKind::kDimStyle, L"Standard"},
-};
-
 /// What takes the place of a current record that is missing.
-constexpr NamedRecord s_current[] = {
+constexpr OdDbRequiredRecord s_current[] = {
     {OdDbTableKind::kLayer, L"0"},
     {OdDbTableKind::kLinetype, L"ByLayer"},
     {OdDbTableKind::kTextStyle, L"Standard"},
@@ -97,7 +82,7 @@ private:
 
 void Audit::checkRequiredRecords()
 {
-    for (NamedRecord const& required : s_required) {
+    for (OdDbRequiredRecord const& required : odDbRequiredRecords()) {
         OdDbSymbolTable const& table = m_database.table(required.table);
         if (table.has(required.name))
             continue;
@@ -108,7 +93,7 @@ void Audit::checkRequiredRecords()
 
 void Audit::checkCurrentRecords()
 {
-    for (NamedRecord const& fallback : s_current) {
+    for (OdDbRequiredRecord const& fallback : s_current) {
         if (!m_database.current(fallback.table).isErased())
             continue;
         OdDbSymbolTable const& table = m_database.table(fallback.table);

@@ -135,8 +135,8 @@ void BlockGraph::followNext(Block& block)
 
 void BlockGraph::addTo(Block& block, Block const& part, OdDbBlockReference const& reference)
 {
-    auto const copies =
-        static_cast<std::uint64_t>(reference.columns()) * static_cast<std::uint64_t>(reference.rows());
+    auto const grid = reference.grid();
+    auto const copies = static_cast<std::uint64_t>(grid.columns) * static_cast<std::uint64_t>(grid.rows);
     block.numEntities = saturatingAdd(block.numEntities, saturatingMultiply(copies, part.numEntities));
     block.hasAbsurdPart = block.hasAbsurdPart || part.hasAbsurdPart;
 }

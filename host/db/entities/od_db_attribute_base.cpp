@@ -1,5 +1,7 @@
 #include "host/db/entities/od_db_attribute_base.h"
 
+#include "host/db/od_db_property_sink.h"
+
 OD_DEFINE_ABSTRACT_CLASS(OdDbAttributeBase, OdDbText)
 
 namespace {
@@ -26,6 +28,17 @@ void OdDbAttributeBase::setLockPositionInBlock(bool lock)
 {
     assertWriteEnabled();
     m_lockPosition = lock ? 1 : 0;
+}
+
+void OdDbAttributeBase::listProperties(OdDbPropertySink& sink) const
+{
+    sink.text(L"tag", m_tag);
+    sink.flag(L"invisible", isInvisible());
+    sink.flag(L"constant", isConstant());
+    sink.flag(L"verified", isVerifiable());
+    sink.flag(L"preset", isPreset());
+    sink.flag(L"position locked in block", lockPositionInBlock());
+    OdDbText::listProperties(sink);
 }
 
 bool OdDbAttributeBase::readVersionOrLock(OdDbObject& object, OdDbTag const& tag)

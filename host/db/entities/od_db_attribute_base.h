@@ -23,6 +23,8 @@ public:
     bool lockPositionInBlock() const { return m_lockPosition != 0; }
     void setLockPositionInBlock(bool lock);
 
+    void listProperties(OdDbPropertySink& sink) const override;
+
 protected:
     OdDbAttributeBase() = default;
     /// The sections of a text and, below `marker`, the fields of a class of its own.

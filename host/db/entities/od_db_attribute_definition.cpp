@@ -1,5 +1,7 @@
 #include "host/db/entities/od_db_attribute_definition.h"
 
+#include "host/db/od_db_property_sink.h"
+
 #include <limits>
 
 OD_DB_DEFINE_CLASS(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF")
@@ -36,4 +38,12 @@ void OdDbAttributeDefinition::setFieldLength(int length)
 void OdDbAttributeDefinition::outline(OdDbOutlineSink& sink) const
 {
     outlineOf(tag(), sink);
+}
+
+void OdDbAttributeDefinition::listProperties(OdDbPropertySink& sink) const
+{
+    sink.text(L"prompt", m_prompt);
+    if (m_fieldLength != 0)
+        sink.count(L"field length", m_fieldLength);
+    OdDbAttributeBase::listProperties(sink);
 }

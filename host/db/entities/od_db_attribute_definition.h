@@ -20,6 +20,7 @@ public:
     void outline(OdDbOutlineSink& sink) const override;
     /// The outline that a constant attribute has in references to the block.
     void outlineValue(OdDbOutlineSink& sink) const { OdDbText::outline(sink); }
+    void listProperties(OdDbPropertySink& sink) const override;
 
 private:
     OdString m_prompt;

@@ -4,19 +4,16 @@
 #include "host/db/od_db_database.h"
 #include "host/db/records/od_db_block_table_record.h"
 
-#include <limits>
-
 OD_DB_DEFINE_CLASS(OdDbBlockReference, OdDbEntity, "INSERT")
 
 namespace {
 
 constexpr int kFollowFlag = 66;
-constexpr std::string_view kSingleMarker = "AcDbBlockReference";
-constexpr std::string_view kGridMarker = "AcDbMInsertBlock";
 
 } // namespace
 
-OdDbFieldTable const& OdDbBlockReference::fields()
+OdDbFieldTable OdDbBlockReference::tableWith(std::string_view marker, std::span<OdDbField const> more,
+                                             std::span<std::string_view const> otherMarkers)
 {
     using Ref = OdDbBlockReference;
     // clang-format off
@@ -27,34 +24,32 @@ OdDbFieldTable const& OdDbBlockReference::fields()
         odPlaceField<Ref, [](Ref& r) -> double& { return r.m_scale.sy; }>(42),
         odPlaceField<Ref, [](Ref& r) -> double& { return r.m_scale.sz; }>(43),
         odField<&Ref::m_rotation>       (50),
-        odField<&Ref::m_columns>        (70),
-        odField<&Ref::m_rows>           (71),
-        odField<&Ref::m_columnSpacing>  (44),
-        odField<&Ref::m_rowSpacing>     (45),
+    };
+    static constexpr OdDbField s_end[] = {
         odField<&Ref::m_normal>         (210),
     };
     // clang-format on
-    auto const head = [](std::string_view marker, auto isWritten) {
-        return OdDbSection{.marker = marker,
-                           .fields = {},
-                           .readTail = &readFollowFlag,
-                           .writeTail = &writeFollowFlag,
-                           .isWritten = isWritten};
-    };
-    auto const body = [](std::string_view marker, auto isWritten) {
-        return OdDbSection{.marker = marker, .fields = s_fields, .continues = true, .isWritten = isWritten};
-    };
-    static OdDbFieldTable const s_table({entitySection(), head(kSingleMarker, &isSingleInFile),
-                                         body(kSingleMarker, &isSingleInFile), head(kGridMarker, &isGridInFile),
-                                         body(kGridMarker, &isGridInFile)});
-    return s_table;
+    return OdDbFieldTable({
+        entitySection(),
+        {.marker = marker,
+         .fields = {},
+         .readTail = &readFollowFlag,
+         .writeTail = &writeFollowFlag,
+         .otherMarkers = otherMarkers},
+        {.marker = marker, .fields = s_fields, .continues = true},
+        {.marker = marker,
+         .fields = more,
+         .readTail = more.empty() ? &readSingleGrid : nullptr,
+         .writeTail = more.empty() ? &writeSingleGrid : nullptr,
+         .continues = true},
+        {.marker = marker, .fields = s_end, .continues = true},
+    });
 }
 
-bool OdDbBlockReference::isGridInFile(OdDbObject const& object)
+OdDbFieldTable const& OdDbBlockReference::fields()
 {
-    static int const s_group = fields().groupOf(kGridMarker);
-    auto const& reference = static_cast<OdDbBlockReference const&>(object);
-    return reference.columns() > 1 || reference.rows() > 1 || fields().wasRead(object, s_group);
+    static OdDbFieldTable const s_table = tableWith("AcDbBlockReference", {});
+    return s_table;
 }
 
 bool OdDbBlockReference::readFollowFlag(OdDbObject&, OdDbTag const& tag)
@@ -65,8 +60,24 @@ bool OdDbBlockReference::readFollowFlag(OdDbObject&, OdDbTag const& tag)
 void OdDbBlockReference::writeFollowFlag(OdDbObject const& object, OdDbTagSink& sink)
 {
     auto const& reference = static_cast<OdDbBlockReference const&>(object);
-    if (reference.hasAttributes() || !reference.sequenceEnd().isNull())
+    if (reference.numParts() > 0 || !reference.sequenceEnd().isNull())
         sink.integer(kFollowFlag, 1);
+}
+
+/// Counts and spacings of one cell mean nothing; they stay where they were, before the normal.
+bool OdDbBlockReference::readSingleGrid(OdDbObject& object, OdDbTag const& tag)
+{
+    constexpr int kGridCodes[] = {70, 71, 44, 45};
+    bool const isOfGrid = std::ranges::find(kGridCodes, tag.code) != std::end(kGridCodes);
+    if (isOfGrid)
+        static_cast<OdDbBlockReference&>(object).m_singleGrid.makeIfNull().put(tag);
+    return isOfGrid;
+}
+
+void OdDbBlockReference::writeSingleGrid(OdDbObject const& object, OdDbTagSink& sink)
+{
+    if (auto const& reference = static_cast<OdDbBlockReference const&>(object); reference.m_singleGrid)
+        reference.m_singleGrid.get()->writeTo(sink);
 }
 
 OdDbBlockTableRecord const* OdDbBlockReference::block() const
@@ -120,57 +131,4 @@ void OdDbBlockReference::setNormal(OdGeVector3d const& normal)
     assertWriteEnabled();
     m_position = odDbToPlane(position(), unit);
     m_normal = unit;
-}
-
-void OdDbBlockReference::setGrid(int columns, int rows)
-{
-    for (int const count : {columns, rows})
-        if (count < 1 || count > std::numeric_limits<std::int16_t>::max())
-            throw OdError(eOutOfRange, odFormat(L"%d is no number of columns or rows", count));
-    assertWriteEnabled();
-    m_columns = static_cast<std::int16_t>(columns);
-    m_rows = static_cast<std::int16_t>(rows);
-}
-
-void OdDbBlockReference::setColumnSpacing(double spacing)
-{
-    assertWriteEnabled();
-    m_columnSpacing = spacing;
-}
-
-void OdDbBlockReference::setRowSpacing(double spacing)
-{
-    assertWriteEnabled();
-    m_rowSpacing = spacing;
-}
-
-OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute)
-{
-    OdDbAttributePtr const keep(attribute);
-    if (!database())
-        throw OdError(eNotInDatabase);
-    if (attribute->isDBRO())
-        throw OdError(eAlreadyInDb);
-    assertWriteEnabled();
-    if (attribute->layerId().isNull())
-        attribute->setLayer(layerId());
-    OdDbObjectId const id = database()->addOdDbObject(attribute, objectId());
-    m_attributes.push_back(id.stub());
-    if (sequenceEnd().isNull()) {
-        OdDbSequenceEndPtr const end(new OdDbSequenceEnd);
-        end->setLayer(layerId());
-        m_sequenceEnd.stub = database()->addOdDbObject(end, objectId()).stub();
-    }
-    return id;
-}
-
-bool OdDbBlockReference::hasAttributes() const
-{
-    return !attributeIterator().done();
-}
-
-OdDbObjectId OdDbBlockReference::sequenceEnd() const
-{
-    OdDbObjectId const id(m_sequenceEnd.stub);
-    return id.isErased() ? OdDbObjectId() : id;
 }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "host/db/entities/od_db_attribute.h"
-#include "host/db/entities/od_db_sequence_end.h"
-#include "host/db/od_db_object_iterator.h"
+#include "host/db/od_db_entity.h"
 
 class OdDbBlockOutline;
 class OdDbBlockTableRecord;
 
-/// Shows a block at a place, scaled and turned, once or in a grid of columns and rows, and owns attributes.
+/// Shows a block at a place, scaled and turned, and owns attributes. In a grid: od_db_minsert_block.h.
 class OdDbBlockReference : public OdDbEntity
 {
     OD_DB_DECLARE_CLASS(OdDbBlockReference)
@@ -31,56 +30,65 @@ public:
     /// The position stays where it is in the world. Throws OdError(eDegenerateGeometry) for a zero vector.
     void setNormal(OdGeVector3d const& normal);
 
-    /// @name Grid: at least one column and row; spacings along the turned axes of the reference
-    /// @{
-    int columns() const { return std::max<int>(m_columns, 1); }
-    int rows() const { return std::max<int>(m_rows, 1); }
-    /// Throws OdError(eOutOfRange) for less than one column or row, or more than 32767.
-    void setGrid(int columns, int rows);
-    double columnSpacing() const { return m_columnSpacing; }
-    void setColumnSpacing(double spacing);
-    double rowSpacing() const { return m_rowSpacing; }
-    void setRowSpacing(double spacing);
-    /// @}
-
-    /// From the coordinates of the block to the world; of the first column and row in a grid.
+    /// How often and where the block is shown: once, unless the class says more.
+    struct Grid
+    {
+        int columns = 1;
+        int rows = 1;
+        double columnSpacing = 0; ///< along the turned axes of the reference
+        double rowSpacing = 0;
+    };
+    virtual Grid grid() const { return {}; }
+    /// From the coordinates of the block to the world; of the first column and row of a grid.
     OdGeMatrix3d blockTransform() const { return cellTransform(0, 0); }
 
     /// @name Attributes, in order of appending
     /// @{
-    /// Gives the attribute to the drawing. Throws OdError: eNotInDatabase when the reference is in none,
-    /// eAlreadyInDb, eNotOpenForWrite.
-    OdDbObjectId appendAttribute(OdDbAttribute* attribute);
-    OdDbObjectIterator attributeIterator(bool skipErased = true) const
-    {
-        return OdDbObjectIterator(m_attributes, true, skipErased);
-    }
-    std::span<OdDbStub* const> subentities() const override { return m_attributes; }
-    OdDbObjectId sequenceEnd() const override;
-    /// For filers: takes an attribute and the end mark that are in the drawing already.
-    void adoptAttribute(OdDbAttribute& attribute) { m_attributes.push_back(attribute.objectId().stub()); }
-    void adoptSequenceEnd(OdDbSequenceEnd& end) { m_sequenceEnd.stub = end.objectId().stub(); }
+    /// Throws OdError: eAlreadyInDb, eNotOpenForWrite.
+    OdDbObjectId appendAttribute(OdDbAttribute* attribute) { return appendPart(attribute); }
+    OdDbPartIterator attributeIterator(bool skipErased = true) const { return partIterator(skipErased); }
+    OdDbPartList const* partList() const override { return &m_attributes; }
+    bool takesPart(OdDbEntity const& part) const override { return odCast<OdDbAttribute>(&part) != nullptr; }
     /// @}
 
     /// Attributes go along. eDegenerateGeometry where the axes of the block would no longer be perpendicular.
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
     /// The entities of the block, and visible attributes.
     void outline(OdDbOutlineSink& sink) const override;
+    /// Copies of the entities of the block, placed; those on layer 0 come to the layer of the reference, and what
+    /// is by block becomes as the reference is. Attributes go, their definitions come as they stand in the block.
+    /// Where the scale factors differ, circles and arcs become ellipses, and what cannot follow otherwise is taken
+    /// apart in turn (polylines with arcs, references that would be sheared). An error, and no pieces at all, when
+    /// one of the entities cannot follow: eDegenerateGeometry, eNotApplicable for one that the host only keeps;
+    /// eNotApplicable also where isExplodable() is false; eSelfReference, eOutOfRange for blocks within themselves
+    /// and beyond measure.
+    OdResult explode(std::vector<OdDbEntityPtr>& pieces) const override;
+    /// The block is there and not of another drawing, and says that it may be exploded.
+    virtual bool isExplodable() const;
+    /// The position.
+    void getStretchPoints(std::vector<OdGePoint3d>& points) const override;
+    /// Moves the whole reference.
+    OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
+    void listProperties(OdDbPropertySink& sink) const override;
     void audit(OdDbAuditInfo& info) const override;
 
+protected:
+    /// The axes of the reference grew by these factors.
+    virtual void scaleGrid(double, double) {}
+
+    /// The fields below the marker of the class; `more` are those of a derived class, which come before the
+    /// normal.
+    static OdDbFieldTable tableWith(std::string_view marker, std::span<OdDbField const> more,
+                                    std::span<std::string_view const> otherMarkers = {});
+
 private:
-    struct End
-    {
-        OdDbStub* stub = nullptr;
-    };
     struct Placement;
 
     static bool readFollowFlag(OdDbObject& object, OdDbTag const& tag);
     static void writeFollowFlag(OdDbObject const& object, OdDbTagSink& sink);
-    static bool isGridInFile(OdDbObject const& object);
-    static bool isSingleInFile(OdDbObject const& object) { return !isGridInFile(object); }
+    static bool readSingleGrid(OdDbObject& object, OdDbTag const& tag);
+    static void writeSingleGrid(OdDbObject const& object, OdDbTagSink& sink);
 
-    bool hasAttributes() const;
     OdDbBlockTableRecord const* block() const;
     OdGeMatrix3d cellTransform(int column, int row) const;
     void outlineGrid(OdDbBlockOutline& outline) const;
@@ -91,12 +99,8 @@ private:
     OdGePoint3d m_position; ///< ECS
     OdGeScale3d m_scale;
     OdDbAngle m_rotation;
-    std::int16_t m_columns = 1;
-    std::int16_t m_rows = 1;
-    double m_columnSpacing = 0.0;
-    double m_rowSpacing = 0.0;
     OdGeVector3d m_normal{0, 0, 1};
-    OdDbNotCopied<std::vector<OdDbStub*>> m_attributes;
-    OdDbNotCopied<End> m_sequenceEnd;
+    OdDbCopiedPtr<OdDbTagList> m_singleGrid; ///< what a file says of a grid of one column and row; mostly nothing
+    OdDbPartList m_attributes;
 };
 using OdDbBlockReferencePtr = OdSmartPtr<OdDbBlockReference>;

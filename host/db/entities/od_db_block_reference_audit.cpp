@@ -27,7 +27,7 @@ void OdDbBlockReference::audit(OdDbAuditInfo& info) const
             auto const mended = [](double factor) { return factor == 0 ? 1.0 : factor; };
             reference.setScaleFactors({mended(scale.sx), mended(scale.sy), mended(scale.sz)});
         });
-    if (columns() * rows() > kAbsurdGrid)
-        info.report(*this, odFormat(L"it repeats its block %d times (%d columns, %d rows)", columns() * rows(),
-                                    columns(), rows()));
+    if (Grid const cells = grid(); cells.columns * cells.rows > kAbsurdGrid)
+        info.report(*this, odFormat(L"it repeats its block %d times (%d columns, %d rows)",
+                                    cells.columns * cells.rows, cells.columns, cells.rows));
 }

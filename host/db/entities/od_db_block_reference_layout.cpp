@@ -12,8 +12,8 @@ struct OdDbBlockReference::Placement
     OdGeVector3d normal;
     OdGeScale3d scale;
     OdDbAngle rotation;
-    double columnSpacing;
-    double rowSpacing;
+    double xFactor;
+    double yFactor;
 };
 
 OdGeMatrix3d OdDbBlockReference::cellTransform(int column, int row) const
@@ -21,9 +21,10 @@ OdGeMatrix3d OdDbBlockReference::cellTransform(int column, int row) const
     double const angle = rotation();
     OdGeVector3d const x(std::cos(angle), std::sin(angle), 0);
     OdGeVector3d const y(-x.y, x.x, 0);
+    Grid const cells = grid();
     OdGeMatrix3d placed;
-    placed.setCoordSystem(m_position + x * (m_columnSpacing * column) + y * (m_rowSpacing * row), x * m_scale.sx,
-                          y * m_scale.sy, {0, 0, m_scale.sz});
+    placed.setCoordSystem(m_position + x * (cells.columnSpacing * column) + y * (cells.rowSpacing * row),
+                          x * m_scale.sx, y * m_scale.sy, {0, 0, m_scale.sz});
     OdDbBlockTableRecord const* const record = block();
     OdGeVector3d const base = record ? record->origin().asVector() : OdGeVector3d();
     return odDbPlaneToWorld(m_normal) * placed * OdGeMatrix3d::translation(-base);
@@ -35,8 +36,8 @@ void OdDbBlockReference::outline(OdDbOutlineSink& sink) const
         OdDbBlockOutline outline(*record, sink);
         outlineGrid(outline);
     }
-    for (OdDbStub const* const stub : m_attributes) {
-        auto const* attribute = stub->erased ? nullptr : odCast<OdDbAttribute>(stub->object);
+    for (OdDbPartIterator it = attributeIterator(); !it.done(); it.step()) {
+        auto const* const attribute = odCast<OdDbAttribute>(&it.peek());
         if (attribute && attribute->isVisible() && !attribute->isInvisible())
             attribute->outline(sink);
     }
@@ -46,8 +47,9 @@ void OdDbBlockReference::outlineGrid(OdDbBlockOutline& outline) const
 {
     // The cells at the corners come first: they alone decide the extents, also of a grid too large to be given
     // whole.
-    int const lastColumn = columns() - 1;
-    int const lastRow = rows() - 1;
+    Grid const cells = grid();
+    int const lastColumn = cells.columns - 1;
+    int const lastRow = cells.rows - 1;
     auto const isCorner = [&](int column, int row) {
         return (column == 0 || column == lastColumn) && (row == 0 || row == lastRow);
     };
@@ -69,8 +71,7 @@ OdDbBlockReference::placementAfter(OdGeMatrix3d const& transformation) const
     auto const plane = OdDbPlaneTransform::make(transformation, m_normal);
     if (!plane || !plane->keepsExtrusion() || plane->extrusionScale() == 0)
         return std::nullopt;
-    Placement after{*plane * m_position, plane->normal(), m_scale,
-                    *plane * m_rotation, m_columnSpacing, m_rowSpacing};
+    Placement after{*plane * m_position, plane->normal(), m_scale, *plane * m_rotation, 1, 1};
     double const angle = rotation();
     OdGeVector2d const oldX(std::cos(angle), std::sin(angle));
     OdGeVector2d newX = *plane * oldX;
@@ -89,8 +90,8 @@ OdDbBlockReference::placementAfter(OdGeMatrix3d const& transformation) const
     if (plane->mirrors() || !plane->keepsShape())
         after.rotation = OdDbAngle::ofRadians(newX.angle());
     after.scale = m_scale * OdGeScale3d(xFactor, yFactor, plane->extrusionScale());
-    after.columnSpacing *= xFactor;
-    after.rowSpacing *= yFactor;
+    after.xFactor = xFactor;
+    after.yFactor = yFactor;
     return after;
 }
 
@@ -100,8 +101,8 @@ OdResult OdDbBlockReference::transformBy(OdGeMatrix3d const& transformation)
     if (!after)
         return eDegenerateGeometry;
     std::vector<OdDbAttributePtr> attributes;
-    for (OdDbObjectIterator it = attributeIterator(); !it.done(); it.step()) {
-        attributes.push_back(it.objectId().open<OdDbAttribute>(OdDb::kForWrite));
+    for (OdDbPartIterator it = attributeIterator(); !it.done(); it.step()) {
+        attributes.push_back(it.entity(OdDb::kForWrite));
         if (!attributes.back()->canTransformBy(transformation))
             return eDegenerateGeometry;
     }
@@ -110,8 +111,7 @@ OdResult OdDbBlockReference::transformBy(OdGeMatrix3d const& transformation)
     m_normal = after->normal;
     m_scale = after->scale;
     m_rotation = after->rotation;
-    m_columnSpacing = after->columnSpacing;
-    m_rowSpacing = after->rowSpacing;
+    scaleGrid(after->xFactor, after->yFactor);
     for (OdDbAttributePtr const& attribute : attributes)
         attribute->transformBy(transformation);
     return eOk;

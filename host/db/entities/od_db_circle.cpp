@@ -1,6 +1,8 @@
 #include "host/db/entities/od_db_circle.h"
 
-#include "host/db/entities/od_db_transform.h"
+#include "host/db/entities/od_db_extruded_outline.h"
+#include "host/db/entities/od_db_stretch.h"
+#include "host/db/od_db_property_sink.h"
 
 OD_DB_DEFINE_CLASS(OdDbCircle, OdDbCircularEntity, "CIRCLE")
 
@@ -20,8 +22,21 @@ OdResult OdDbCircle::transformBy(OdGeMatrix3d const& transformation)
     return eOk;
 }
 
-void OdDbCircle::outline(OdDbOutlineSink& sink) const
+void OdDbCircle::getStretchPoints(std::vector<OdGePoint3d>& points) const
 {
-    OdGeMatrix3d const plane = odDbPlaneToWorld(normal());
-    sink.arc({center(), plane.column(0) * radius(), plane.column(1) * radius()});
+    points.push_back(center());
+}
+
+OdResult OdDbCircle::moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset)
+{
+    return odDbStretchWhole(*this, indices, offset);
+}
+
+void OdDbCircle::listProperties(OdDbPropertySink& sink) const
+{
+    sink.point(L"center", center());
+    sink.distance(L"radius", radius());
+    sink.distance(L"circumference", Oda2PI * std::abs(radius()));
+    sink.area(L"area", OdaPI * radius() * radius());
+    odDbListExtrusion(sink, normal(), thickness());
 }

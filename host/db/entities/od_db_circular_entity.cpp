@@ -1,9 +1,11 @@
 #include "host/db/entities/od_db_circular_entity.h"
 
 #include "host/db/audit/od_db_audit_info.h"
+#include "host/db/entities/od_db_extruded_outline.h"
 #include "host/db/entities/od_db_transform.h"
+#include "host/geom/curves/od_ge_circ_arc3d.h"
 
-OD_DEFINE_ABSTRACT_CLASS(OdDbCircularEntity, OdDbEntity)
+OD_DEFINE_ABSTRACT_CLASS(OdDbCircularEntity, OdDbCurve)
 
 OdDbSection OdDbCircularEntity::circleSection()
 {
@@ -16,6 +18,13 @@ OdDbSection OdDbCircularEntity::circleSection()
     };
     // clang-format on
     return {"AcDbCircle", s_fields};
+}
+
+OdDbCircularEntity::OdDbCircularEntity(OdGePoint3d const& center, double radius, OdGeVector3d const& normal)
+{
+    setRadius(radius);
+    setNormal(normal);
+    setCenter(center);
 }
 
 OdGePoint3d OdDbCircularEntity::center() const
@@ -51,6 +60,37 @@ void OdDbCircularEntity::setThickness(double thickness)
     m_thickness = thickness;
 }
 
+OdGeEllipticArc OdDbCircularEntity::curve() const
+{
+    OdGeMatrix3d const plane = odDbPlaneToWorld(m_normal);
+    OdGeInterval const angles = angleRange();
+    double const size = std::abs(m_radius); // negative in damaged files
+    return {plane * m_center, plane.column(0) * size, plane.column(1) * size, angles.lower, angles.upper};
+}
+
+std::unique_ptr<OdGeCurve3d> OdDbCircularEntity::getOdGeCurve() const
+{
+    OdGeMatrix3d const plane = odDbPlaneToWorld(m_normal);
+    OdGeInterval const angles = angleRange();
+    try {
+        return std::make_unique<OdGeCircArc3d>(plane * m_center, plane.column(2), plane.column(0),
+                                               std::abs(m_radius), angles.lower, angles.upper);
+    } catch (OdError const&) {
+        return nullptr; // angles beyond measure
+    }
+}
+
+OdGeVector3d OdDbCircularEntity::planeNormal() const
+{
+    return odDbSaneNormal(m_normal).normal();
+}
+
+void OdDbCircularEntity::outline(OdDbOutlineSink& sink) const
+{
+    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness),
+                        [this](OdDbOutlineSink& flat) { flat.arc(curve()); });
+}
+
 std::optional<OdDbPlaneTransform> OdDbCircularEntity::transformOfCircle(OdGeMatrix3d const& transformation) const
 {
     auto const plane = OdDbPlaneTransform::make(transformation, m_normal);
@@ -67,9 +107,16 @@ void OdDbCircularEntity::moveCircle(OdDbPlaneTransform const& plane)
     m_normal = plane.normal();
 }
 
+void OdDbCircularEntity::setCircleInPlane(OdGePoint2d const& center, double radius)
+{
+    assertWriteEnabled();
+    m_center = {center.x, center.y, m_center.z};
+    m_radius = radius;
+}
+
 void OdDbCircularEntity::audit(OdDbAuditInfo& info) const
 {
-    OdDbEntity::audit(info);
+    OdDbCurve::audit(info);
     if (m_radius == 0)
         info.reportUseless(*this, L"its radius is 0");
     else if (m_radius < 0)

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "host/db/entities/od_db_curve.h"
 #include "host/db/entities/od_db_plane_transform.h"
-#include "host/db/od_db_entity.h"
 
-/// What circles and arcs have in common: a center in a plane, a radius, an extrusion along the plane's normal.
-class OdDbCircularEntity : public OdDbEntity
+/// What circles and arcs have in common: a center in a plane, a radius, an extrusion along the plane's normal. The
+/// parameter of the curve is the angle from the X axis of the plane.
+class OdDbCircularEntity : public OdDbCurve
 {
     OD_DECLARE_CLASS(OdDbCircularEntity)
 public:
@@ -20,14 +21,27 @@ public:
     double thickness() const { return m_thickness; }
     void setThickness(double thickness);
 
+    /// The arc in the world, counterclockwise seen against the normal, for whoever needs it without a curve
+    /// object.
+    OdGeEllipticArc curve() const;
+    std::unique_ptr<OdGeCurve3d> getOdGeCurve() const override;
+    OdGeVector3d planeNormal() const override;
+    void outline(OdDbOutlineSink& sink) const override;
     void audit(OdDbAuditInfo& info) const override;
     static OdDbSection circleSection();
 
 protected:
     OdDbCircularEntity() = default;
+    OdDbCircularEntity(OdGePoint3d const& center, double radius, OdGeVector3d const& normal);
+    double curveThickness() const override { return m_thickness; }
+    /// The angles between which it runs, the second greater than the first by at most a full turn.
+    virtual OdGeInterval angleRange() const = 0;
     /// Nothing when the image is no circle of constant thickness.
     std::optional<OdDbPlaneTransform> transformOfCircle(OdGeMatrix3d const& transformation) const;
     void moveCircle(OdDbPlaneTransform const& plane);
+    /// Center and radius in the coordinates of the plane; the height of the plane stays.
+    void setCircleInPlane(OdGePoint2d const& center, double radius);
+    OdGePoint3d const& centerInPlane() const { return m_center; }
 
 private:
     double m_thickness = 0.0;

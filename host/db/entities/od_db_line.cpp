@@ -1,8 +1,14 @@
 #include "host/db/entities/od_db_line.h"
 
+#include "host/db/entities/od_db_extruded_outline.h"
+#include "host/db/entities/od_db_stretch.h"
 #include "host/db/entities/od_db_transform.h"
+#include "host/db/od_db_property_sink.h"
+#include "host/geom/curves/od_ge_linear3d.h"
 
-OD_DB_DEFINE_CLASS(OdDbLine, OdDbEntity, "LINE")
+#include <utility>
+
+OD_DB_DEFINE_CLASS(OdDbLine, OdDbCurve, "LINE")
 
 OdDbFieldTable const& OdDbLine::fields()
 {
@@ -43,6 +49,23 @@ void OdDbLine::setThickness(double thickness)
     m_thickness = thickness;
 }
 
+std::unique_ptr<OdGeCurve3d> OdDbLine::getOdGeCurve() const
+{
+    return std::make_unique<OdGeLineSeg3d>(m_start, m_end);
+}
+
+OdGeVector3d OdDbLine::planeNormal() const
+{
+    return odDbSaneNormal(m_normal).normal();
+}
+
+OdResult OdDbLine::reverseCurve()
+{
+    assertWriteEnabled();
+    std::swap(m_start, m_end);
+    return eOk;
+}
+
 OdResult OdDbLine::transformBy(OdGeMatrix3d const& transformation)
 {
     OdGeVector3d normal = m_normal;
@@ -59,5 +82,36 @@ OdResult OdDbLine::transformBy(OdGeMatrix3d const& transformation)
 
 void OdDbLine::outline(OdDbOutlineSink& sink) const
 {
-    sink.segment(m_start, m_end);
+    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness),
+                        [this](OdDbOutlineSink& flat) { flat.segment(m_start, m_end); });
+}
+
+void OdDbLine::getStretchPoints(std::vector<OdGePoint3d>& points) const
+{
+    points.push_back(m_start);
+    points.push_back(m_end);
+}
+
+OdResult OdDbLine::moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset)
+{
+    auto const caught = odDbCaughtPoints(indices, 2);
+    if (!caught)
+        return eInvalidIndex;
+    assertWriteEnabled();
+    if (caught->front())
+        m_start += offset;
+    if (caught->back())
+        m_end += offset;
+    return eOk;
+}
+
+void OdDbLine::listProperties(OdDbPropertySink& sink) const
+{
+    OdGeVector3d const way = m_end - m_start;
+    sink.point(L"start point", m_start);
+    sink.point(L"end point", m_end);
+    sink.distance(L"length", way.length());
+    sink.direction(L"angle in XY plane", way);
+    sink.vector(L"offset", way);
+    odDbListExtrusion(sink, m_normal, m_thickness);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/db/od_db_entity.h"
+#include "host/db/entities/od_db_curve.h"
 
-/// Straight segment between two points of the world.
-class OdDbLine : public OdDbEntity
+/// Straight segment between two points of the world; the parameter of the curve goes from 0 to 1.
+class OdDbLine : public OdDbCurve
 {
     OD_DB_DECLARE_CLASS(OdDbLine)
 public:
@@ -21,8 +21,19 @@ public:
     double thickness() const { return m_thickness; }
     void setThickness(double thickness);
 
+    std::unique_ptr<OdGeCurve3d> getOdGeCurve() const override;
+    bool isClosed() const override { return false; }
+    OdResult reverseCurve() override;
+    OdGeVector3d planeNormal() const override;
+
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
     void outline(OdDbOutlineSink& sink) const override;
+    void getStretchPoints(std::vector<OdGePoint3d>& points) const override;
+    OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
+    void listProperties(OdDbPropertySink& sink) const override;
+
+protected:
+    double curveThickness() const override { return m_thickness; }
 
 private:
     OdGePoint3d m_start;

@@ -6,15 +6,6 @@ namespace {
 
 constexpr double kSame = 1e-10;
 
-bool isPureTranslation(OdGeMatrix3d const& m)
-{
-    for (int row = 0; row < 3; ++row)
-        for (int col = 0; col < 3; ++col)
-            if (m.entry[row][col] != (row == col ? 1.0 : 0.0))
-                return false;
-    return true;
-}
-
 } // namespace
 
 std::optional<OdDbPlaneTransform> OdDbPlaneTransform::make(OdGeMatrix3d const& transformation,
@@ -22,7 +13,7 @@ std::optional<OdDbPlaneTransform> OdDbPlaneTransform::make(OdGeMatrix3d const& t
 {
     OdDbPlaneTransform result;
     result.m_normal = normal;
-    if (isPureTranslation(transformation)) {
+    if (odDbIsTranslation(transformation)) {
         result.m_matrix = OdGeMatrix3d::translation(odDbWorldToPlane(normal) * transformation.translation());
         return result;
     }

@@ -1,7 +1,10 @@
 #include "host/db/entities/od_db_point.h"
 
+#include "host/db/entities/od_db_extruded_outline.h"
 #include "host/db/entities/od_db_plane_transform.h"
+#include "host/db/entities/od_db_stretch.h"
 #include "host/db/entities/od_db_transform.h"
+#include "host/db/od_db_property_sink.h"
 
 OD_DB_DEFINE_CLASS(OdDbPoint, OdDbEntity, "POINT")
 
@@ -62,5 +65,24 @@ OdResult OdDbPoint::transformBy(OdGeMatrix3d const& transformation)
 
 void OdDbPoint::outline(OdDbOutlineSink& sink) const
 {
-    sink.point(m_position);
+    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness),
+                        [this](OdDbOutlineSink& flat) { flat.point(m_position); });
+}
+
+void OdDbPoint::getStretchPoints(std::vector<OdGePoint3d>& points) const
+{
+    points.push_back(m_position);
+}
+
+OdResult OdDbPoint::moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset)
+{
+    return odDbStretchWhole(*this, indices, offset);
+}
+
+void OdDbPoint::listProperties(OdDbPropertySink& sink) const
+{
+    sink.point(L"position", m_position);
+    if (symbolRotation() != 0)
+        sink.angle(L"rotation of the symbol", symbolRotation());
+    odDbListExtrusion(sink, m_normal, m_thickness);
 }

@@ -24,6 +24,9 @@ public:
 
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
     void outline(OdDbOutlineSink& sink) const override;
+    void getStretchPoints(std::vector<OdGePoint3d>& points) const override;
+    OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
+    void listProperties(OdDbPropertySink& sink) const override;
 
 private:
     OdGePoint3d m_position;

@@ -1,7 +1,6 @@
 #include "host/db/entities/od_db_polyline.h"
 
 #include "host/db/entities/od_db_transform.h"
-#include "host/geom/od_ge_bulge.h"
 
 namespace {
 
@@ -147,54 +146,4 @@ void OdDbPolyline::setThickness(double thickness)
 {
     assertWriteEnabled();
     m_thickness = thickness;
-}
-
-OdResult OdDbPolyline::transformBy(OdGeMatrix3d const& transformation)
-{
-    auto const plane = OdDbPlaneTransform::make(transformation, m_normal);
-    if (!plane || (!plane->keepsShape() && (hasBulges() || hasWidth())) ||
-        (m_thickness != 0 && !plane->keepsExtrusion()))
-        return eDegenerateGeometry;
-    assertWriteEnabled();
-    moveVertices(*plane);
-    m_thickness *= plane->extrusionScale();
-    m_normal = plane->normal();
-    return eOk;
-}
-
-void OdDbPolyline::moveVertices(OdDbPlaneTransform const& plane)
-{
-    double const widthScale = plane.keepsShape() ? plane.scale() : 1.0;
-    for (Vertex& each : m_vertices) {
-        each.point = (plane * OdGePoint3d(each.point.x, each.point.y, m_elevation)).convert2d();
-        if (plane.mirrors() && each.bulge != 0)
-            each.bulge = -each.bulge;
-        each.startWidth *= widthScale;
-        each.endWidth *= widthScale;
-    }
-    m_constantWidth *= widthScale;
-    m_elevation = (plane * OdGePoint3d(0, 0, m_elevation)).z;
-}
-
-void OdDbPolyline::outline(OdDbOutlineSink& sink) const
-{
-    constexpr std::size_t kBetweenQuestions = 64;
-    OdGeMatrix3d const toWorld = odDbPlaneToWorld(m_normal);
-    std::size_t const count = m_vertices.size();
-    auto const world = [&](Vertex const& each) {
-        return toWorld * OdGePoint3d(each.point.x, each.point.y, m_elevation);
-    };
-    if (count == 1)
-        sink.point(world(m_vertices.front()));
-    std::size_t const segments = count < 2 ? 0 : isClosed() ? count : count - 1;
-    for (std::size_t i = 0; i < segments; ++i) {
-        if (i % kBetweenQuestions == kBetweenQuestions - 1 && sink.isSatisfied())
-            return;
-        Vertex const& from = m_vertices[i];
-        Vertex const& to = m_vertices[i + 1 == count ? 0 : i + 1];
-        if (auto const arc = odgeArcFromBulge(from.point, to.point, from.bulge))
-            sink.arc(OdGeEllipticArc::inPlane(*arc, m_elevation).transformBy(toWorld));
-        else
-            sink.segment(world(from), world(to));
-    }
 }

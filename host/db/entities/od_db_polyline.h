@@ -1,12 +1,13 @@
 #pragma once
 
+#include "host/db/entities/od_db_curve.h"
 #include "host/db/entities/od_db_plane_transform.h"
-#include "host/db/od_db_entity.h"
+#include "host/geom/od_ge_arc_data2d.h"
 
 /// Polyline of straight and arc segments in one plane, with widths. Vertices are points of the plane (ECS); each
 /// carries the bulge and the widths of the segment that leaves it. An index that is no vertex throws
-/// OdError(eInvalidIndex).
-class OdDbPolyline : public OdDbEntity
+/// OdError(eInvalidIndex). The parameter of the curve counts segments: 2.5 is the middle of the third.
+class OdDbPolyline : public OdDbCurve
 {
     OD_DB_DECLARE_CLASS(OdDbPolyline)
 public:
@@ -40,7 +41,7 @@ public:
     bool hasBulges() const;
     bool hasWidth() const;
 
-    bool isClosed() const { return (m_flags & kClosedFlag) != 0; }
+    bool isClosed() const override { return (m_flags & kClosedFlag) != 0; }
     void setClosed(bool closed) { setFlag(kClosedFlag, closed); }
     /// Linetypes run through the vertices instead of starting anew at each.
     bool hasPlinegen() const { return (m_flags & kPlinegenFlag) != 0; }
@@ -55,11 +56,30 @@ public:
     double thickness() const { return m_thickness; }
     void setThickness(double thickness);
 
+    /// Segments between vertices, the closing one included; 0 for less than two vertices.
+    unsigned numSegments() const;
+
+    /// Null for less than two vertices.
+    std::unique_ptr<OdGeCurve3d> getOdGeCurve() const override;
+    OdResult reverseCurve() override;
+    OdGeVector3d planeNormal() const override;
+
     /// eDegenerateGeometry where arcs would become elliptic or widths uneven.
     OdResult transformBy(OdGeMatrix3d const& transformation) override;
-    /// The center line: widths and thickness are left out.
+    /// Wide segments are polygons where they are straight, else the arc with its two borders and their ends.
     void outline(OdDbOutlineSink& sink) const override;
+    /// Lines and arcs; widths are lost. eDegenerateGeometry for less than two vertices.
+    OdResult explode(std::vector<OdDbEntityPtr>& pieces) const override;
+    /// The vertices, which stay in the plane unless all of them move.
+    void getStretchPoints(std::vector<OdGePoint3d>& points) const override;
+    OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
+    void listProperties(OdDbPropertySink& sink) const override;
     void audit(OdDbAuditInfo& info) const override;
+
+protected:
+    OdDbEntityPtr pieceOf(OdGeCurve3d const& curve, double from, double to) const override;
+    OdDbEntityPtr offsetEntity(OdGeCurve3d const& curve) const override;
+    double curveThickness() const override { return m_thickness; }
 
 private:
     struct Vertex
@@ -80,11 +100,22 @@ private:
     Vertex const& vertex(unsigned index) const;
     /// For writing: checks the index, then calls assertWriteEnabled().
     Vertex& editVertex(unsigned index);
+    Vertex const& nextVertex(unsigned index) const { return m_vertices[index + 1 == numVerts() ? 0 : index + 1]; }
+    /// The arc of a segment in the plane; nothing for a straight one and for one that is too large for numbers.
+    std::optional<OdGeArcData2d> arcOf(unsigned index) const;
+    OdGePoint3d inPlane(OdGePoint2d const& point) const { return {point.x, point.y, m_elevation}; }
     void setFlag(std::int16_t flag, bool on);
+    void outlineSegment(unsigned index, OdGeMatrix3d const& toWorld, OdDbOutlineSink& sink) const;
+    void outlineFlat(OdDbOutlineSink& sink) const;
+    /// The entity of a segment, without properties.
+    OdDbEntityPtr segmentEntity(unsigned index) const;
+    /// Plane, thickness and linetype generation of another one.
+    void takeFrame(OdDbPolyline const& other);
     /// Widths other than the constant one: from then on every vertex has its own.
     void giveWidths(Vertex& target, double startWidth, double endWidth);
     void moveVertices(OdDbPlaneTransform const& plane);
     void mendVertices();
+    void mendWidths();
 
     std::int16_t m_flags = 0;
     double m_constantWidth = 0.0;

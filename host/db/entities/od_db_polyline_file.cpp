@@ -1,7 +1,7 @@
 // How polylines stand in drawing files: count, flags and widths first, then the vertices, then the normal.
 #include "host/db/entities/od_db_polyline.h"
 
-OD_DB_DEFINE_CLASS(OdDbPolyline, OdDbEntity, "LWPOLYLINE")
+OD_DB_DEFINE_CLASS(OdDbPolyline, OdDbCurve, "LWPOLYLINE")
 
 namespace {
 

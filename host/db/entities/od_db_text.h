@@ -67,6 +67,11 @@ public:
     bool canTransformBy(OdGeMatrix3d const& transformation) const;
     /// The frame around the estimated text; a point for an empty one.
     void outline(OdDbOutlineSink& sink) const override;
+    /// The point at which the text is anchored.
+    void getStretchPoints(std::vector<OdGePoint3d>& points) const override;
+    /// Moves the whole text.
+    OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
+    void listProperties(OdDbPropertySink& sink) const override;
     void audit(OdDbAuditInfo& info) const override;
 
 protected:

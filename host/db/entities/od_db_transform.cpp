@@ -7,6 +7,20 @@ OdGeVector3d odDbUnitNormal(OdGeVector3d const& normal)
     return normal.normal();
 }
 
+OdGeVector3d odDbSaneNormal(OdGeVector3d const& normal)
+{
+    return normal.isZeroLength() ? OdGeVector3d::kZAxis : normal;
+}
+
+bool odDbIsTranslation(OdGeMatrix3d const& transformation)
+{
+    for (int row = 0; row < 3; ++row)
+        for (int col = 0; col < 3; ++col)
+            if (transformation.entry[row][col] != (row == col ? 1.0 : 0.0))
+                return false;
+    return true;
+}
+
 double odDbCleanFactor(double factor)
 {
     constexpr double kNoise = 1e-14;
@@ -30,7 +44,9 @@ OdGeVector3d odDbCleanDirection(OdGeVector3d const& direction, OdGeVector3d cons
 
 OdResult odDbTransformExtrusion(OdGeMatrix3d const& transformation, OdGeVector3d& normal, double& thickness)
 {
-    OdGeVector3d const direction = transformation * normal;
+    if (odDbIsTranslation(transformation))
+        return eOk;
+    OdGeVector3d const direction = transformation * odDbSaneNormal(normal);
     if (direction.isZeroLength())
         return eDegenerateGeometry;
     normal = odDbCleanDirection(direction, normal);

@@ -8,6 +8,12 @@
 /// A unit normal; throws OdError(eDegenerateGeometry) for a vector of zero length.
 OdGeVector3d odDbUnitNormal(OdGeVector3d const& normal);
 
+/// A normal as entities use it: that of a damaged file, of zero length, counts as (0, 0, 1).
+OdGeVector3d odDbSaneNormal(OdGeVector3d const& normal);
+
+/// The matrix moves only: directions and lengths keep their bits.
+bool odDbIsTranslation(OdGeMatrix3d const& transformation);
+
 /// A factor that differs from 1 by rounding only becomes 1: lengths keep their bits when something is turned.
 double odDbCleanFactor(double factor);
 /// The unit vector of a direction that is not zero, freed from rounding: `before` when it agrees with that, and

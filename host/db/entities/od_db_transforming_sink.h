@@ -22,6 +22,16 @@ public:
     {
         m_target.arc(OdGeEllipticArc(arc).transformBy(m_transformation));
     }
+    void spline(OdGeNurbCurve3d const& curve) override
+    {
+        OdGeNurbCurve3d image = curve;
+        image.transformBy(m_transformation);
+        m_target.spline(image);
+    }
+    void endless(OdGePoint3d const& base, OdGeVector3d const& direction, bool isRay) override
+    {
+        m_target.endless(m_transformation * base, m_transformation * direction, isRay);
+    }
     void polygon(std::span<OdGePoint3d const> corners) override;
     bool isSatisfied() const override { return m_target.isSatisfied(); }
 

@@ -142,4 +142,6 @@ struct OdDbSection
     bool (*isWritten)(OdDbObject const& object) = nullptr;
     /// readReference is asked for text too: other objects by name, as older drawings refer to them.
     bool readsNames = false;
+    /// Other markers under which files have this section; the first one is written.
+    std::span<std::string_view const> otherMarkers = {};
 };

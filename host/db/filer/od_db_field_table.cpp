@@ -131,6 +131,7 @@ void OdDbFieldTable::indexSection(int number)
         group = numGroups();
         m_groups.emplace_back();
         m_groups.back().marker = m_sections[index].marker;
+        m_groups.back().otherMarkers = m_sections[index].otherMarkers;
         m_groups.back().fieldOfCode.fill(-1);
     }
     Group& target = m_groups[static_cast<std::size_t>(group)];
@@ -148,6 +149,9 @@ int OdDbFieldTable::groupOf(std::string_view marker) const
 {
     for (std::size_t i = 0; i < m_groups.size(); ++i)
         if (m_groups[i].marker == marker)
+            return static_cast<int>(i);
+    for (std::size_t i = 0; i < m_groups.size(); ++i)
+        if (std::ranges::find(m_groups[i].otherMarkers, marker) != m_groups[i].otherMarkers.end())
             return static_cast<int>(i);
     return -1;
 }

@@ -22,7 +22,7 @@ public:
 
     std::span<OdDbSection const> sections() const { return m_sections; }
     int numGroups() const { return static_cast<int>(m_groups.size()); }
-    /// The group of a marker, or -1.
+    /// The group of a marker, or -1. A marker of its own goes before the other markers of a group.
     int groupOf(std::string_view marker) const;
 
     /// Gives the tag to the field that it belongs to; group -1 (a file without markers) searches all groups.
@@ -38,6 +38,7 @@ private:
     struct Group
     {
         std::string_view marker;
+        std::span<std::string_view const> otherMarkers;
         std::vector<int> sections;
         std::array<std::int16_t, kLastCode + 1> fieldOfCode;
     };

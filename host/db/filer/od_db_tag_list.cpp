@@ -70,3 +70,16 @@ OdDbTagList::Iterator& OdDbTagList::Iterator::operator++()
     m_at += kHead + (holdsBytes(tag.kind) ? 4 + tag.text.size() : 8);
     return *this;
 }
+
+bool odDbHasMarker(OdDbTagList const& tags, std::string_view marker)
+{
+    return std::any_of(tags.begin(), tags.end(), [marker](OdDbTag const& tag) { return tag.is(100, marker); });
+}
+
+std::int64_t odDbIntegerOf(OdDbTagList const& tags, int code, std::int64_t otherwise)
+{
+    for (OdDbTag const tag : tags)
+        if (tag.code == code && tag.kind == OdDbTagKind::kInteger)
+            return tag.integer;
+    return otherwise;
+}

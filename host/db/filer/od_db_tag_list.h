@@ -40,3 +40,10 @@ public:
 private:
     std::string m_bytes;
 };
+
+/// @name What a class of several that share one name in files is recognised by
+/// @{
+bool odDbHasMarker(OdDbTagList const& tags, std::string_view marker);
+/// The first integer of a group; `otherwise` when there is none.
+std::int64_t odDbIntegerOf(OdDbTagList const& tags, int code, std::int64_t otherwise = 0);
+/// @}

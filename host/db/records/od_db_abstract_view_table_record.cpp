@@ -41,3 +41,14 @@ void OdDbAbstractViewTableRecord::setPerspectiveEnabled(bool on)
     assertWriteEnabled();
     m_viewMode = static_cast<std::int16_t>(on ? m_viewMode | 1 : m_viewMode & ~1);
 }
+
+void OdDbAbstractViewTableRecord::setUcs(OdGePoint3d const& origin, OdGeVector3d const& xAxis,
+                                         OdGeVector3d const& yAxis, OdDbObjectId named)
+{
+    assertWriteEnabled();
+    m_ucsOrigin = origin;
+    m_ucsXAxis = xAxis;
+    m_ucsYAxis = yAxis;
+    m_ucsOrthographicView = 0;
+    m_namedUcs = named;
+}

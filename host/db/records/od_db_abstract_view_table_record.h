@@ -31,6 +31,18 @@ public:
     bool perspectiveEnabled() const { return (m_viewMode & 1) != 0; }
     void setPerspectiveEnabled(bool on);
 
+    /// @name The user coordinate system that goes with the view, in world coordinates
+    /// @{
+    OdGePoint3d ucsOrigin() const { return m_ucsOrigin; }
+    OdGeVector3d ucsXAxis() const { return m_ucsXAxis; }
+    OdGeVector3d ucsYAxis() const { return m_ucsYAxis; }
+    /// Null for a system without a name.
+    OdDbObjectId namedUcs() const { return m_namedUcs; }
+    /// Axes are perpendicular unit vectors.
+    void setUcs(OdGePoint3d const& origin, OdGeVector3d const& xAxis, OdGeVector3d const& yAxis,
+                OdDbObjectId named = {});
+    /// @}
+
 protected:
     OdDbAbstractViewTableRecord() = default;
 

@@ -149,6 +149,12 @@ void OdDbBlockTableRecord::setLayoutId(OdDbObjectId layout)
     m_layout = layout;
 }
 
+void OdDbBlockTableRecord::setExplodable(bool explodable)
+{
+    assertWriteEnabled();
+    m_explodable = explodable ? 1 : 0;
+}
+
 OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity)
 {
     OdDbEntityPtr const keep(entity);

@@ -45,6 +45,9 @@ public:
     bool isPaperSpace() const;
     bool isAnonymous() const { return getName().startsWith(L"*") && !isLayout(); }
     bool isFromExternalReference() const;
+    /// References to the block may be exploded.
+    bool isExplodable() const { return m_explodable != 0; }
+    void setExplodable(bool explodable);
     /// Some entity of the block is an attribute definition that asks for a value.
     bool hasAttributeDefinitions() const;
     OdDbObjectId getLayoutId() const { return m_layout; }

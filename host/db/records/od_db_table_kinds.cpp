@@ -25,6 +25,15 @@ constexpr OdDbTableKindInfo kKinds[] = {
     {OdDbTableKind::kBlock,     "BLOCK_RECORD", &OdDbSymbolTable::desc,   &OdDbBlockTableRecord::desc},
 };
 // clang-format on
+
+constexpr OdDbRequiredRecord kRequired[] = {
+    {OdDbTableKind::kLayer, L"0"},
+    {OdDbTableKind::kLinetype, L"ByBlock"},
+    {OdDbTableKind::kLinetype, L"ByLayer"},
+    {OdDbTableKind::kLinetype, L"Continuous"},
+    {OdDbTableKind::kTextStyle, L"Standard"},
+    {OdDbTableKind::kDimStyle, L"Standard"},
+};
 static_assert(std::size(kKinds) == kOdDbTableKinds);
 
 } // namespace
@@ -38,6 +47,11 @@ OdDbTableKindInfo const& odDbTableKind(OdDbTableKind kind)
 {
     return *std::find_if(std::begin(kKinds), std::end(kKinds),
                          [kind](auto const& each) { return each.kind == kind; });
+}
+
+std::span<OdDbRequiredRecord const> odDbRequiredRecords()
+{
+    return kRequired;
 }
 
 OdDbTableKindInfo const* odDbFindTableKind(std::string_view fileName)

@@ -15,5 +15,12 @@ struct OdDbTableKindInfo
 /// All tables in the order of drawing files.
 std::span<OdDbTableKindInfo const> odDbTableKinds();
 OdDbTableKindInfo const& odDbTableKind(OdDbTableKind kind);
+/// A record that every drawing has.
+struct OdDbRequiredRecord
+{
+    OdDbTableKind table;
+    wchar_t const* name;
+};
+std::span<OdDbRequiredRecord const> odDbRequiredRecords();
 /// Null for a name that no table has.
 OdDbTableKindInfo const* odDbFindTableKind(std::string_view fileName);

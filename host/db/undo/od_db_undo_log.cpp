@@ -26,13 +26,14 @@ private:
 
 } // namespace
 
-void OdDbUndoLog::start(OdString const& name)
+void OdDbUndoLog::start(OdString const& name, bool ofViewOnly)
 {
     if (!m_enabled)
         return;
     dropLastIfEmpty();
-    m_records.push_back({name, {}});
-    m_undone.clear();
+    Record& record = m_records.emplace_back();
+    record.name = name;
+    record.isOfViewOnly = ofViewOnly;
     ++m_serial;
     m_running = true;
 }
@@ -45,13 +46,24 @@ void OdDbUndoLog::end()
 
 void OdDbUndoLog::dropLastIfEmpty()
 {
-    if (!m_records.empty() && m_records.back().steps.empty())
+    if (endsWith(EKind::kChanges) && m_records.back().steps.empty())
         m_records.pop_back();
+}
+
+/// Whether a change that comes now is recorded. Recorded or not, it is in the way of what was undone before it:
+/// handles are given out again.
+bool OdDbUndoLog::beforeChange()
+{
+    if (m_reverting)
+        return false;
+    if (!m_undone.empty())
+        m_undone.clear();
+    return isRecording();
 }
 
 void OdDbUndoLog::keepImageOf(OdDbObject& object)
 {
-    if (!isRecording() || object.m_imageSerial == m_serial)
+    if (!beforeChange() || object.m_imageSerial == m_serial)
         return;
     object.m_imageSerial = m_serial;
     add(std::make_unique<FieldsStep>(object.m_stub, OdDbObjectPtr(object.copyFields())));
@@ -59,31 +71,50 @@ void OdDbUndoLog::keepImageOf(OdDbObject& object)
 
 void OdDbUndoLog::add(std::unique_ptr<OdDbUndoStep> step)
 {
-    if (isRecording())
+    if (beforeChange())
         m_records.back().steps.push_back(std::move(step));
+}
+
+bool OdDbUndoLog::hasUndo() const
+{
+    return std::any_of(m_records.rbegin(), m_records.rend(),
+                       [](Record const& record) { return record.kind == EKind::kChanges; });
 }
 
 void OdDbUndoLog::undo()
 {
-    m_running = false;
-    if (m_records.empty())
+    end();
+    if (!hasUndo())
         return;
-    Record record = std::move(m_records.back());
-    m_records.pop_back();
-    revert(record);
-    if (!record.steps.empty())
-        m_undone.push_back(std::move(record));
+    Undone& undone = m_undone.emplace_back();
+    while (endsWith(EKind::kMark) || endsWith(EKind::kGroupBegin))
+        takeBackLast(undone);
+    takeBackFrom(lastUnit(), undone);
 }
 
-void OdDbUndoLog::redo()
+std::vector<OdString> OdDbUndoLog::redo()
 {
-    m_running = false;
+    end();
     if (m_undone.empty())
-        return;
-    Record record = std::move(m_undone.back());
+        return {};
+    Undone undone = std::move(m_undone.back());
     m_undone.pop_back();
-    revert(record);
-    m_records.push_back(std::move(record));
+    std::vector<OdString> names;
+    for (; !undone.empty(); undone.pop_back()) {
+        revert(undone.back());
+        if (undone.back().kind == EKind::kChanges)
+            names.push_back(undone.back().name);
+        m_records.push_back(std::move(undone.back()));
+    }
+    return names;
+}
+
+/// Takes one record back, or moves one mark or end of a group along with those.
+void OdDbUndoLog::takeBackLast(Undone& undone)
+{
+    undone.push_back(std::move(m_records.back()));
+    m_records.pop_back();
+    revert(undone.back());
 }
 
 void OdDbUndoLog::revert(Record& record)

@@ -2,6 +2,7 @@
 #include "host/dxf/older/dxf_lower_replace.h"
 #include "host/dxf/older/dxf_lower_spline.h"
 
+#include "host/db/entities/od_db_ellipse.h"
 #include "host/geom/od_ge_matrix3d.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ bool putPolyline(TagSpan original, Polyline const& polyline, ReplacementTarget c
 bool putThrough(TagSpan original, std::vector<OdGePoint3d> points, bool isClosed, OdGeVector3d const& normal,
                 ReplacementTarget const& target)
 {
-    if (points.size() < 2)
+    if (points.size() < 2 || !std::all_of(points.begin(), points.end(), isFinite))
         return false;
     if (isClosed && points.front().isEqualTo(points.back()))
         points.pop_back();
@@ -95,11 +96,12 @@ bool putThrough(TagSpan original, std::vector<OdGePoint3d> points, bool isClosed
         polyline.normal = normal;
         polyline.elevation = level;
     }
-    for (OdGePoint3d const& point : points)
-        polyline.vertices.push_back({isFlat ? toPlane * point : point});
-    if (isFlat)
-        for (Vertex& vertex : polyline.vertices)
-            vertex.point.z = level;
+    for (OdGePoint3d const& point : points) {
+        OdGePoint3d const inPlane = toPlane * point;
+        if (isFlat && !isFinite(inPlane))
+            return false;
+        polyline.vertices.push_back({isFlat ? OdGePoint3d(inPlane.x, inPlane.y, level) : point});
+    }
     return putPolyline(original, polyline, target);
 }
 
@@ -145,18 +147,14 @@ bool putEllipse(TagSpan record, ReplacementTarget const& target)
     OdGeVector3d const normal = normalOf(section).normal();
     OdGeVector3d const minor = normal.crossProduct(major) * realOf(section, 40, 1);
     double const start = realOf(section, 41);
-    double sweep = realOf(section, 42, Oda2PI) - start;
-    if (!(std::abs(sweep) <= Oda2PI))
-        sweep = std::fmod(sweep, Oda2PI);
-    if (sweep <= 0)
-        sweep += Oda2PI;
+    double const sweep = odDbEllipseSweep(start, realOf(section, 42, Oda2PI));
     int const steps = std::max(2, static_cast<int>(std::ceil(sweep / Oda2PI * kFullTurnSteps)));
     std::vector<OdGePoint3d> points;
     for (int i = 0; i <= steps; ++i) {
         double const angle = start + sweep * i / steps;
         points.push_back(center + major * std::cos(angle) + minor * std::sin(angle));
     }
-    bool const isFull = Oda2PI - sweep < 1e-9;
+    bool const isFull = sweep == Oda2PI;
     if (isFull)
         points.pop_back();
     return putThrough(record, std::move(points), isFull, normal, target);

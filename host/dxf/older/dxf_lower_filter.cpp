@@ -10,6 +10,7 @@ namespace {
 
 using enum ERelease;
 
+constexpr int kFlags = 70;
 constexpr int kMarker = 100;
 constexpr int kEmbeddedObject = 101;
 constexpr int kBraces = 102;
@@ -196,6 +197,8 @@ void LowerFilter::writeTag(OdDbTag const& tag, Place const& place)
         if (table)
             return m_target.text(tag.code, m_names.of(*table, tag.text));
     }
+    if (m_isR12 && tag.code == kFlags && tag.kind == OdDbTagKind::kInteger)
+        return m_target.integer(tag.code, oldKindFlags(place.marker, tag.integer));
     m_target.put(tag);
 }
 

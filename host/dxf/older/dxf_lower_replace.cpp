@@ -47,10 +47,14 @@ bool putEndlessLine(TagSpan record, std::string_view marker, bool hasBothEnds, R
     if (!direction.isUnitLength())
         return false;
     OdGeVector3d const reach = direction * reachFrom(base, target.context.database);
+    OdGePoint3d const start = hasBothEnds ? base - reach : base;
+    OdGePoint3d const end = base + reach;
+    if (!isFinite(start) || !isFinite(end))
+        return false;
     putHead(record, "LINE", target.sink);
     target.sink.text(100, "AcDbLine");
-    putPoint(10, hasBothEnds ? base - reach : base, target.sink);
-    putPoint(11, base + reach, target.sink);
+    putPoint(10, start, target.sink);
+    putPoint(11, end, target.sink);
     putAll(extendedDataOf(record), target.sink);
     return true;
 }
@@ -125,6 +129,11 @@ constexpr Replacement s_replacements[] = {
 static_assert(std::size(s_replacements) == static_cast<std::size_t>(EReplacement::kBlock) + 1);
 
 } // namespace
+
+bool isFinite(OdGePoint3d const& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
 
 bool putReplacement(EReplacement how, TagSpan record, ReplacementTarget const& target)
 {

@@ -53,6 +53,8 @@ void putFurtherHead(TagSpan record, std::string_view type, OdDbHandle handle, Od
 void putAll(TagSpan tags, OdDbTagSink& sink);
 void putPoint(int code, OdGePoint3d const& point, OdDbTagSink& sink);
 void putNormal(OdGeVector3d const& normal, OdDbTagSink& sink);
+/// False where coordinates that were computed of those of a file went beyond all numbers.
+bool isFinite(OdGePoint3d const& point);
 /// The owner that the record names; null when it names none.
 OdDbHandle ownerOf(TagSpan record);
 /// Group 210, or the Z axis where it is missing or zero.

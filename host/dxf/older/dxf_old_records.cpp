@@ -146,6 +146,28 @@ OldForm const& oldVertexForm(std::int64_t flags, std::int64_t polylineFlags)
     return formOf("VERTEX", static_cast<std::size_t>(&polyline - findOldForm("POLYLINE")));
 }
 
+std::int64_t oldKindFlags(std::string_view marker, std::int64_t flags)
+{
+    struct Kind
+    {
+        std::string_view marker;
+        std::int64_t telling; ///< the flags that tell kinds apart
+        std::int64_t own;
+    };
+    constexpr std::int64_t kPolylines = 8 | 16 | 64, kVertices = 32 | 64 | 128;
+    constexpr Kind kKinds[] = {
+        {"AcDb2dPolyline", kPolylines, 0},        {"AcDb3dPolyline", kPolylines, 8},
+        {"AcDbPolygonMesh", kPolylines, 16},      {"AcDbPolyFaceMesh", kPolylines, 64},
+        {"AcDb2dVertex", kVertices, 0},           {"AcDb3dPolylineVertex", kVertices, 32},
+        {"AcDbPolygonMeshVertex", kVertices, 64}, {"AcDbPolyFaceMeshVertex", kVertices, 64 | 128},
+        {"AcDbFaceRecord", kVertices, 128},
+    };
+    for (Kind const& kind : kKinds)
+        if (kind.marker == marker)
+            return (flags & ~kind.telling) | kind.own;
+    return flags;
+}
+
 OldForm const& oldDimensionForm(std::int64_t flags)
 {
     constexpr std::int64_t kTypeBits = 7;

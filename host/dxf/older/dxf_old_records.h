@@ -67,6 +67,9 @@ OldForm const* findOldForm(std::string_view type);
 OldForm const& oldPolylineForm(std::int64_t flags);
 /// The form of a VERTEX by its flags; vertices without telling flags follow their polyline.
 OldForm const& oldVertexForm(std::int64_t flags, std::int64_t polylineFlags);
+/// The flags of a POLYLINE or VERTEX that stand below a marker of today, as they tell its kind without markers;
+/// others as they are.
+std::int64_t oldKindFlags(std::string_view marker, std::int64_t flags);
 /// The form of a DIMENSION by its type and flags.
 OldForm const& oldDimensionForm(std::int64_t flags);
 /// The form of an INSERT of several columns or rows.

@@ -56,6 +56,15 @@ private:
             {"ARC", "50 inf", "ARC: the value of group 50 is not finite", "default taken"},
             {"LINE", "210 0\n220 0\n230 0", "LINE: its normal has no direction", "Z axis taken"},
             {"LINE", "210 nan\n230 0", "LINE: the value of group 210 is not finite", "default taken"},
+            {"ELLIPSE", "40 -0.5", "ELLIPSE: its radius ratio -0.5 is not above 0 and at most 1",
+             "axes made to fit"},
+            {"ELLIPSE", "11 0\n21 0\n31 0", "ELLIPSE: its major axis has no length", "erased"},
+            {"ELLIPSE", "11 0\n21 0\n31 2", "ELLIPSE: its major axis runs along its normal", "erased"},
+            {"ELLIPSE", "11 1\n21 0\n31 1", "ELLIPSE: its normal does not stand on its major axis",
+             "normal turned"},
+            {"RAY", "11 0\n21 0\n31 0", "RAY: it has no direction", "erased"},
+            {"LWPOLYLINE", "10 1\n20 1\n40 -1\n41 -2", "LWPOLYLINE: 2 of its widths are negative", "0 taken"},
+            {"LWPOLYLINE", "43 -1\n10 1\n20 1", "LWPOLYLINE: its constant width -1 is negative", "0 taken"},
             {"TEXT", "40 0", "TEXT: its height 0 is not positive", "the usual height taken"},
             {"ATTDEF", "40 -1", "ATTDEF: its height -1 is not positive", "made positive"},
             {"TEXT", "41 0", "TEXT: its width factor 0 is not positive", "1 taken"},
@@ -267,7 +276,7 @@ private:
     }
     OdDbObjectId append(OdDbBlockTableRecord& block, std::string_view className, std::string const& lines)
     {
-        OdDbEntityPtr const entity = OdRxObjectPtr(odDbClassRegistry::find(className)->create());
+        OdDbEntityPtr const entity = OdRxObjectPtr(odDbClassRegistry::choose(className, tagsOf(lines))->create());
         if (!lines.starts_with("8 "))
             entity->setLayer(m_database->getLayerZeroId());
         read(*entity, lines);

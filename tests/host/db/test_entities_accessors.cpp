@@ -100,7 +100,6 @@ class EntityAccessorsTest : public CppUnit::TestFixture
         OdDbBlockReference reference;
         assertError(eOutOfRange, [&] { reference.setScaleFactors({1, 0, 1}); });
         assertError(eNullObjectId, [&] { reference.setBlockTableRecord({}); });
-        assertError(eNotInDatabase, [&] { reference.appendAttribute(new OdDbAttribute); });
     }
 
     void damagedNormalsDoNoHarm()

@@ -1,20 +1,17 @@
 // Block references: attributes, what is seen through them, and what transformations do to both.
+#include "tests/host/db/test_block_fixture.h"
 #include "tests/host/db/test_entities_support.h"
 
 #include "host/db/entities/od_db_attribute_definition.h"
-#include "host/db/entities/od_db_block_reference.h"
-#include "host/db/entities/od_db_circle.h"
-#include "host/db/entities/od_db_line.h"
+#include "host/db/entities/od_db_minsert_block.h"
 #include "host/db/entities/od_db_point.h"
 #include "host/db/entities/od_db_polyline.h"
-#include "host/db/od_db_database.h"
-#include "host/db/records/od_db_block_table_record.h"
 
 namespace {
 
 OdGeVector3d const kTilted(0.36, 0.48, 0.8);
 
-class BlockReferenceTest : public CppUnit::TestFixture
+class BlockReferenceTest : public BlockFixture
 {
     CPPUNIT_TEST_SUITE(BlockReferenceTest);
     CPPUNIT_TEST(outlineIsThatOfTheBlock);
@@ -26,55 +23,11 @@ class BlockReferenceTest : public CppUnit::TestFixture
     CPPUNIT_TEST(blockWithinItself);
     CPPUNIT_TEST(blocksThatMultiply);
     CPPUNIT_TEST(attributesBelongToTheReference);
+    CPPUNIT_TEST(attributesGivenBeforehand);
     CPPUNIT_TEST(attributesGoAlong);
     CPPUNIT_TEST(attributeDefinitionsDoNotShow);
     CPPUNIT_TEST(selfReferenceIsRefused);
     CPPUNIT_TEST_SUITE_END();
-
-    OdDbDatabasePtr m_db;
-
-public:
-    void setUp() override { m_db = new OdDbDatabase; }
-    void tearDown() override { m_db = nullptr; }
-
-private:
-    OdDbBlockTableRecordPtr newBlock(wchar_t const* name)
-    {
-        OdDbBlockTableRecordPtr block(new OdDbBlockTableRecord);
-        block->setName(name);
-        auto const table = m_db->getBlockTableId().open<OdDbSymbolTable>(OdDb::kForWrite);
-        table->add(block);
-        return block;
-    }
-    OdDbBlockTableRecordPtr modelSpace()
-    {
-        return m_db->getModelSpaceId().open<OdDbBlockTableRecord>(OdDb::kForWrite);
-    }
-
-    OdDbBlockReferencePtr insert(OdDbBlockTableRecord& into, OdDbBlockTableRecord& block,
-                                 OdGePoint3d const& position)
-    {
-        OdDbBlockReferencePtr reference(new OdDbBlockReference);
-        reference->setDatabaseDefaults(*m_db);
-        reference->setBlockTableRecord(block.objectId());
-        reference->setPosition(position);
-        into.appendOdDbEntity(reference);
-        return reference;
-    }
-
-    /// A segment from (1, 0) to (3, 1) and a circle about (2, 2), with the base point (1, 0).
-    OdDbBlockTableRecordPtr sampleBlock(bool withCircle = true)
-    {
-        OdDbBlockTableRecordPtr block = newBlock(L"Sample");
-        block->appendOdDbEntity(new OdDbLine({1, 0, 0}, {3, 1, 0}));
-        if (withCircle) {
-            OdDbCirclePtr const circle(new OdDbCircle);
-            circle->setCenter({2, 2, 0});
-            block->appendOdDbEntity(circle);
-        }
-        block->setOrigin({1, 0, 0});
-        return block;
-    }
 
     static OdDbAttributePtr newAttribute(OdGePoint3d const& position)
     {
@@ -121,11 +74,12 @@ private:
                                          OdGeMatrix3d::scaling(-2.5, {1, 0, 0})};
         auto const block = sampleBlock();
         for (OdGeMatrix3d const& matrix : matrices) {
-            auto const reference = insert(*modelSpace(), *block, {4, 5, 6});
+            auto const reference = insert<OdDbMInsertBlock>(*modelSpace(), *block, {4, 5, 6});
             reference->setNormal(kTilted);
             reference->setRotation(0.3);
             reference->setScaleFactors({2, 0.5, -1});
-            reference->setGrid(2, 2);
+            reference->setColumns(2);
+            reference->setRows(2);
             reference->setColumnSpacing(7);
             reference->setRowSpacing(-5);
             SampledOutline const expected(*reference, matrix);
@@ -163,8 +117,9 @@ private:
 
     void grid()
     {
-        auto const reference = insert(*modelSpace(), *sampleBlock(false), {0, 0, 0});
-        reference->setGrid(3, 2);
+        auto const reference = insert<OdDbMInsertBlock>(*modelSpace(), *sampleBlock(false), {0, 0, 0});
+        reference->setColumns(3);
+        reference->setRows(2);
         reference->setColumnSpacing(10);
         reference->setRowSpacing(4);
         reference->setScaleFactors(OdGeScale3d(2)); // the spacings stay
@@ -176,8 +131,9 @@ private:
 
     void hugeGrid()
     {
-        auto const reference = insert(*modelSpace(), *sampleBlock(false), {0, 0, 0});
-        reference->setGrid(30000, 30000);
+        auto const reference = insert<OdDbMInsertBlock>(*modelSpace(), *sampleBlock(false), {0, 0, 0});
+        reference->setColumns(30000);
+        reference->setRows(30000);
         reference->setColumnSpacing(1);
         reference->setRowSpacing(1);
         assertBox({0, 0, 0}, {30001, 30000, 0}, *reference); // far more cells than can be walked through
@@ -221,7 +177,7 @@ private:
         CPPUNIT_ASSERT(first.open<OdDbAttribute>()->ownerId() == reference->objectId());
         CPPUNIT_ASSERT(first.open<OdDbAttribute>()->layerId() == reference->layerId());
         CPPUNIT_ASSERT(joined(writtenTags(*reference)).find("66 1\n2 Sample") != std::string::npos);
-        OdDbObjectIterator it = reference->attributeIterator();
+        OdDbPartIterator it = reference->attributeIterator();
         CPPUNIT_ASSERT(it.objectId() == first);
         it.step();
         CPPUNIT_ASSERT(it.objectId() == second);
@@ -240,7 +196,23 @@ private:
         CPPUNIT_ASSERT(!reference->sequenceEnd().isNull());
 
         CPPUNIT_ASSERT_THROW(reference->appendAttribute(first.open<OdDbAttribute>()), OdError);
-        CPPUNIT_ASSERT(OdDbBlockReferencePtr(reference->clone())->subentities().empty());
+        OdDbBlockReferencePtr const copy(reference->clone());
+        CPPUNIT_ASSERT_EQUAL(1u, copy->numParts()); // not the erased one
+        CPPUNIT_ASSERT(copy->attributeIterator().objectId().isNull());
+    }
+
+    void attributesGivenBeforehand()
+    {
+        auto const block = sampleBlock();
+        OdDbBlockReferencePtr const reference(new OdDbBlockReference);
+        reference->setBlockTableRecord(block->objectId());
+        CPPUNIT_ASSERT(reference->appendAttribute(newAttribute({1, 1, 0})).isNull());
+        CPPUNIT_ASSERT_EQUAL(1u, reference->numParts());
+        modelSpace()->appendOdDbEntity(reference);
+        CPPUNIT_ASSERT_EQUAL(1u, reference->numParts());
+        OdDbObjectId const id = reference->attributeIterator().objectId();
+        CPPUNIT_ASSERT(id.open<OdDbAttribute>()->layerId() == reference->layerId());
+        CPPUNIT_ASSERT(!reference->sequenceEnd().isNull());
     }
 
     void attributesGoAlong()

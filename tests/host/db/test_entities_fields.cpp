@@ -5,24 +5,13 @@
 #include "host/db/entities/od_db_attribute_definition.h"
 #include "host/db/entities/od_db_block_reference.h"
 #include "host/db/entities/od_db_circle.h"
+#include "host/db/entities/od_db_minsert_block.h"
 #include "host/db/entities/od_db_point.h"
 #include "host/db/entities/od_db_polyline.h"
 #include "host/db/entities/od_db_text.h"
 #include "host/db/filer/od_db_class_registry.h"
 
 namespace {
-
-/// Reads the tags, which follow the common ones, and demands them back.
-template <class Entity>
-OdSmartPtr<Entity> roundTrip(std::initializer_list<std::string_view> tags)
-{
-    OdSmartPtr<Entity> entity(new Entity);
-    readTags(*entity, tags);
-    std::vector<std::string> expected{"100 AcDbEntity", "8 "};
-    expected.insert(expected.end(), tags.begin(), tags.end());
-    CPPUNIT_ASSERT_EQUAL(joined(expected), joined(writtenTags(*entity)));
-    return entity;
-}
 
 class EntityFieldsTest : public CppUnit::TestFixture
 {
@@ -131,23 +120,35 @@ class EntityFieldsTest : public CppUnit::TestFixture
         auto const reference = roundTrip<OdDbBlockReference>({"100 AcDbBlockReference", "2 ", "10 1.0", "20 2.0",
                                                               "30 0.0", "41 2.0", "42 1.0", "43 -2.0", "50 90.0"});
         CPPUNIT_ASSERT(reference->scaleFactors() == OdGeScale3d(2, 1, -2));
-        CPPUNIT_ASSERT_EQUAL(1, reference->columns());
+        CPPUNIT_ASSERT_EQUAL(1, reference->grid().columns);
     }
 
     void gridReference()
     {
-        auto const grid = roundTrip<OdDbBlockReference>(
+        auto const grid = roundTrip<OdDbMInsertBlock>(
             {"100 AcDbMInsertBlock", "2 ", "10 0.0", "20 0.0", "30 0.0", "70 5", "71 2", "44 10.0", "45 20.0"});
         CPPUNIT_ASSERT_EQUAL(5, grid->columns());
         CPPUNIT_ASSERT_EQUAL(2, grid->rows());
         CPPUNIT_ASSERT_EQUAL(20.0, grid->rowSpacing());
-        roundTrip<OdDbBlockReference>({"100 AcDbMInsertBlock", "2 ", "10 0.0", "20 0.0", "30 0.0"});
+        // What is no number of columns or rows is kept, and counts as one.
+        auto const odd = roundTrip<OdDbMInsertBlock>(
+            {"100 AcDbMInsertBlock", "2 ", "10 0.0", "20 0.0", "30 0.0", "70 -3", "71 0"});
+        CPPUNIT_ASSERT_EQUAL(1, odd->columns());
+        CPPUNIT_ASSERT_EQUAL(1, odd->rows());
+        CPPUNIT_ASSERT_THROW(odd->setColumns(0), OdError);
+        CPPUNIT_ASSERT_THROW(odd->setRows(40000), OdError);
 
-        OdDbBlockReferencePtr const made(new OdDbBlockReference);
-        made->setGrid(1, 3);
-        CPPUNIT_ASSERT_EQUAL(std::string("100 AcDbMInsertBlock"), writtenTags(*made).at(2));
-        CPPUNIT_ASSERT_THROW(made->setGrid(0, 1), OdError);
-        CPPUNIT_ASSERT_THROW(made->setGrid(1, 40000), OdError);
+        // A record is a grid by its marker or, as older files have it, by what it holds.
+        auto const classOf = [](std::initializer_list<std::string_view> lines) {
+            OdDbTagList tags;
+            for (std::string_view const line : lines)
+                tags.put(testTag(line));
+            return odDbClassRegistry::choose("INSERT", tags);
+        };
+        CPPUNIT_ASSERT(classOf({"100 AcDbMInsertBlock", "2 B"}) == OdDbMInsertBlock::desc());
+        CPPUNIT_ASSERT(classOf({"100 AcDbBlockReference", "2 B", "71 2"}) == OdDbMInsertBlock::desc());
+        CPPUNIT_ASSERT(classOf({"2 B", "70 3"}) == OdDbMInsertBlock::desc());
+        CPPUNIT_ASSERT(classOf({"2 B", "70 1", "71 1"}) == OdDbBlockReference::desc());
     }
 
     void filesWithoutMarkers()
@@ -160,7 +161,7 @@ class EntityFieldsTest : public CppUnit::TestFixture
         CPPUNIT_ASSERT(definition.verticalMode() == OdDbTextVerticalMode::kBottom);
         CPPUNIT_ASSERT_EQUAL(9, definition.fieldLength());
 
-        OdDbBlockReference reference;
+        OdDbMInsertBlock reference;
         readTags(reference, {"8 0", "66 1", "2 B", "10 1.0", "20 2.0", "30 0.0", "70 3", "71 4"});
         CPPUNIT_ASSERT_EQUAL(12, reference.columns() * reference.rows());
         CPPUNIT_ASSERT(reference.extras() == nullptr);

@@ -40,6 +40,25 @@ public:
         for (int i = 0; i <= kSamples; ++i)
             roughly(arc.evalPoint(arc.start + arc.sweep() * i / kSamples));
     }
+    void spline(OdGeNurbCurve3d const& curve) override
+    {
+        ++splines;
+        OdGeNurbCurve3d moved = curve;
+        moved.transformBy(m_transformation);
+        m_extents.addExt(moved.extents());
+        OdGeInterval const interval = curve.getInterval();
+        exactly(curve.evalPoint(interval.lower));
+        exactly(curve.evalPoint(interval.upper));
+        for (int i = 0; i <= kSamples; ++i)
+            roughly(curve.evalPoint(interval.lower + interval.length() * i / kSamples));
+    }
+    /// Places at round distances stand for the whole line.
+    void endless(OdGePoint3d const& base, OdGeVector3d const& direction, bool isRay) override
+    {
+        exactly(base);
+        for (int i = isRay ? 0 : -kSamples; i <= kSamples; ++i)
+            roughly(base + direction.normal() * (i * 0.1));
+    }
     void polygon(std::span<OdGePoint3d const> corners) override
     {
         ++polygons;
@@ -63,10 +82,12 @@ public:
         return std::max(farthest(m_rough, other.m_rough), farthest(other.m_rough, m_rough));
     }
     std::vector<OdGePoint3d> const& exactPlaces() const { return m_exact; }
+    std::vector<OdGePoint3d> const& roughPlaces() const { return m_rough; }
 
     int segments = 0;
     int arcs = 0;
     int polygons = 0;
+    int splines = 0;
 
 private:
     static constexpr int kSamples = 180;
@@ -155,4 +176,16 @@ inline std::string joined(std::vector<std::string> const& lines)
     for (std::string const& line : lines)
         text += line + '\n';
     return text;
+}
+
+/// Reads the tags, which follow the common ones, and demands them back.
+template <class Entity>
+OdSmartPtr<Entity> roundTrip(std::initializer_list<std::string_view> tags)
+{
+    OdSmartPtr<Entity> entity(new Entity);
+    readTags(*entity, tags);
+    std::vector<std::string> expected{"100 AcDbEntity", "8 "};
+    expected.insert(expected.end(), tags.begin(), tags.end());
+    CPPUNIT_ASSERT_EQUAL(joined(expected), joined(writtenTags(*entity)));
+    return entity;
 }

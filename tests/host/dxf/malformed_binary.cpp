@@ -2,6 +2,7 @@
 #include "tests/host/dxf/malformed_drawings.h"
 
 #include <cstring>
+#include <limits>
 
 namespace {
 

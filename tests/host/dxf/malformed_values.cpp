@@ -6,6 +6,15 @@ namespace {
 using namespace dxfText;
 using namespace std::string_literals;
 
+/// A sequence of vertices with these contents.
+std::string vertices(std::initializer_list<std::string> contents)
+{
+    std::string records;
+    for (std::string const& content : contents)
+        records += "0\nVERTEX\n" + content;
+    return records + "0\nSEQEND\n";
+}
+
 /// A drawing with one entity whose record begins in line 15 and holds handle A0 and these lines.
 std::string entity(std::string const& name, std::string const& content)
 {
@@ -71,7 +80,48 @@ std::vector<MalformedDrawing> wrongValues()
                            section("ENTITIES", "0\nINSERT\n5\nA0\n100\nAcDbEntity\n100\nAcDbMInsertBlock\n2\nB\n"
                                                "70\n2000000000\n71\n2000000000\n44\n1\n45\n1\n")); },
             ":15: The block \"B\" had no block record; one is added", 1, 1},
+        {"splines that are none", [] {
+            return entities("0\nSPLINE\n5\nA0\n70\n-1\n71\n32767\n40\n1\n40\n0\n10\n0\n10\n1\n10\n2\n"          // no degree
+                            "0\nSPLINE\n5\nA1\n71\n1\n40\n0\n40\n5\n40\n-5\n40\n9\n10\n0\n20\n1\n10\n4\n"        // knots go back
+                            "0\nSPLINE\n5\nA2\n70\n6\n71\n1\n40\n0\n40\n0\n40\n1\n40\n1\n41\n0\n41\n-2\n10\n1\n10\n2\n" // weights
+                            "0\nSPLINE\n5\nA3\n70\n3\n11\n1\n11\n1\n11\n1\n"                                  // one place
+                            "0\nSPLINE\n5\nA4\n20\n1\n30\n2\n21\n3\n210\n0\n220\n0\n230\n0\n"); }, "", 5},
+        {"a spline of the largest numbers", [] {
+            return entity("SPLINE", "71\n1\n40\n-1e308\n40\n-1e308\n40\n1e308\n40\n1e308\n10\n1e308\n20\n-1e308\n"
+                                    "10\n-1e308\n20\n1e308\n11\n1e308\n11\n-1e308\n"); }, "", 1},
+        {"areas without corners", [] {
+            return entities("0\nSOLID\n5\nA0\n0\nTRACE\n5\nA1\n13\n1\n39\n1e308\n210\n0\n220\n0\n230\n0\n"
+                            "0\n3DFACE\n5\nA2\n12\n1e308\n22\n-1e308\n11\n1e308\n70\n99999\n33\n7\n"); }, "", 3},
         {"a degenerate arc", [] { return entity("ARC", "40\n-1\n210\n0\n220\n0\n230\n0\n50\n1e300\n51\n-1e300\n"); }, "", 1},
+        {"an ellipse without axes", [] { return entity("ELLIPSE", "11\n0\n21\n0\n31\n0\n40\n0\n41\n1e300\n42\n-1e300\n"); }, "", 1},
+        {"an ellipse of wrong ratios", [] {
+            return entity("ELLIPSE", "40\n-7\n40\n1e308\n11\n0\n21\n1e300\n31\n0\n210\n1e-300\n220\n1\n230\n0\n41\n9\n41\nx\n"); },
+            ":38: ELLIPSE: \"x\" is not a number, which group 41 needs; it is left out", 1},
+        {"a ray without direction", [] {
+            return entity("RAY", "10\n1\n20\n1\n30\n1\n11\n0\n21\n0\n31\n0\n0\nXLINE\n5\nA1\n11\n1e-200\n21\n0\n"); },
+            "", 2},
+        {"widths and bulges beyond measure", [] {
+            return entity("LWPOLYLINE", "90\n-3\n70\n-1\n39\n1e300\n43\n-1\n10\n1e300\n20\n-1e300\n42\n1e300\n40\n-1\n41\n1e308\n"
+                                        "10\n0\n20\n0\n42\n-1e-300\n10\n0\n20\n0\n42\n1\n"); }, "", 1},
+        {"polylines without points", [] {
+            return entities("0\nPOLYLINE\n5\nA0\n70\n4\n75\n9\n210\n0\n220\n0\n230\n0\n" + vertices({"", "70\n16\n", "70\n8\n40\n-1\n"}) +
+                            "0\nPOLYLINE\n5\nA1\n66\n1\n70\n-1\n0\nPOLYLINE\n5\nA2\n70\n8\n" + vertices({})); },
+            "", 3},
+        {"a polyline of the largest numbers", [] {
+            return entity("POLYLINE", "70\n1\n39\n1e308\n40\n-1\n" + vertices({"10\n1e308\n20\n-1e308\n42\n1e300\n40\n1e308\n41\n-1\n",
+                                      "10\n-1e308\n42\n-1e-300\n50\n1e300\n70\n-32768\n", "42\n1\n", "42\n1\n"})); }, "", 1},
+        {"vertices of another kind", [] {
+            return entity("POLYLINE", "70\n8\n" + vertices({"100\nAcDbFaceRecord\n71\n1\n10\n1\n", "100\nAcDb2dVertex\n42\n1\n", "100\nAcDbX\n"})); }, "", 1},
+        {"a mesh of millions", [] {
+            return entity("POLYLINE", "70\n49\n71\n32767\n72\n32767\n" + vertices({"10\n1\n", "10\n2\n"})); },
+            ":15: POLYLINE: it has 2 vertices instead of 32767 times 32767", 1},
+        {"a mesh of negative size", [] {
+            return entity("POLYLINE", "70\n20\n71\n-5\n72\n99999\n73\n-1\n74\n70000\n75\n6\n" + vertices({"70\n80\n", "70\n72\n", "70\n72\n"})); },
+            ":15: POLYLINE: it has 2 vertices instead of 0 times 32767", 1},
+        {"faces of vertices that are not there", [] {
+            return entity("POLYLINE", "70\n64\n71\n2000000000\n72\n1\n" + vertices({"70\n192\n10\n1\n", "70\n128\n71\n-32768\n72\n32767\n73\n1\n74\n-1\n",
+                                      "70\n128\n", "70\n192\n10\n2\n", "70\n128\n71\n1\n72\n2\n73\n1\n"})); },
+            ":15: POLYLINE: its file said that it has 2000000000 vertices and 1 faces; it has 2 and 3", 1},
         {"braces without end", [] { return entity("POINT", "102\n{A\n102\n{B\n330\n1\n102\n{ACAD_REACTORS\n"); },
             ":15: POINT: A group in braces (102) has no end; it is closed at the end of the record", 1},
         {"ends of braces alone", [] { return entity("POINT", "102\n}\n102\n}\n100\nAcDbEntity\n102\n}\n"); }, "", 1},

@@ -1,8 +1,8 @@
 #include "tests/host/dxf/random_drawing.h"
 
 #include "host/db/entities/od_db_attribute.h"
-#include "host/db/entities/od_db_block_reference.h"
 #include "host/db/entities/od_db_sequence_end.h"
+#include "host/db/entities/od_db_vertices.h"
 #include "host/db/filer/od_db_class_registry.h"
 #include "host/db/od_db_raw_object.h"
 #include "host/db/records/od_db_block_table_record.h"
@@ -10,8 +10,8 @@
 
 namespace {
 
-constexpr std::string_view kUnknownEntities[] = {"GADGET", "HATCH", "ACAD_PROXY_ENTITY", "SPLINE", "3DSOLID"};
-constexpr std::string_view kUnknownObjects[] = {"THING", "XRECORD", "ACAD_PROXY_OBJECT", "GROUP", "MATERIAL"};
+constexpr std::string_view kUnknownEntities[] = {"GADGET", "HATCH", "ACAD_PROXY_ENTITY", "HELIX", "3DSOLID"};
+constexpr std::string_view kUnknownObjects[] = {"THING", "XRECORD", "ACAD_PROXY_OBJECT", "FIELD", "MATERIAL"};
 constexpr std::string_view kKnownSections[] = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
 
 OdDbObjectPtr created(OdRxClass const& cls)
@@ -36,8 +36,7 @@ private:
     void addObjects();
     void addEntities();
     void addEntity(OdDbEntityPtr const& entity);
-    void addAttributes(OdDbBlockReference& reference);
-    void addVertices(OdDbRawEntity& polyline);
+    void addParts(OdDbEntity& whole);
     void addFileContent();
     void addHeaderVariables();
     OdDbTagList unknownRecords();
@@ -50,6 +49,7 @@ private:
     RandomRecord m_record;
     std::vector<OdRxClass const*> m_entityClasses;
     std::vector<OdRxClass const*> m_objectClasses;
+    std::vector<OdRxClass const*> m_partClasses;
     std::vector<OdDbBlockTableRecord*> m_blocks;
 };
 
@@ -91,9 +91,12 @@ void Builder::sortClasses()
 {
     for (OdRxClass const* const cls : odrxClassDictionary::all()) {
         bool const isPart = cls == OdDbBlockBegin::desc() || cls == OdDbBlockEnd::desc() ||
-                            cls == OdDbAttribute::desc() || cls == OdDbSequenceEnd::desc();
-        if (odDbClassRegistry::dxfNameOf(cls).empty() || isPart ||
-            cls->isDerivedFrom(OdDbSymbolTableRecord::desc()))
+                            cls == OdDbAttribute::desc() || cls == OdDbSequenceEnd::desc() ||
+                            cls->isDerivedFrom(OdDbVertex::desc());
+        bool const isInFiles = !odDbClassRegistry::dxfNameOf(cls).empty();
+        if (cls == OdDbAttribute::desc() || (isInFiles && cls->isDerivedFrom(OdDbVertex::desc())))
+            m_partClasses.push_back(cls);
+        if (!isInFiles || isPart || cls->isDerivedFrom(OdDbSymbolTableRecord::desc()))
             continue;
         if (cls->isDerivedFrom(OdDbEntity::desc()))
             m_entityClasses.push_back(cls);
@@ -104,6 +107,7 @@ void Builder::sortClasses()
     }
     auto const byName = [](OdRxClass const* a, OdRxClass const* b) { return a->name() < b->name(); };
     std::sort(m_entityClasses.begin(), m_entityClasses.end(), byName);
+    std::sort(m_partClasses.begin(), m_partClasses.end(), byName);
     std::sort(m_objectClasses.begin(), m_objectClasses.end(), byName);
 }
 
@@ -182,9 +186,6 @@ void Builder::addEntities()
             addEntity(created(*cls));
         for (std::string_view const name : kUnknownEntities)
             addEntity(new OdDbRawEntity(name));
-        OdSmartPtr<OdDbRawEntity> const polyline = new OdDbRawEntity("POLYLINE");
-        addEntity(polyline);
-        addVertices(*polyline);
     }
 }
 
@@ -194,38 +195,31 @@ void Builder::addEntity(OdDbEntityPtr const& entity)
     entity->setLayer(m_database->getLayerZeroId());
     add(*entity, block.objectId());
     block.adopt(*entity);
-    if (auto* const reference = odCast<OdDbBlockReference>(entity.get()))
-        addAttributes(*reference);
+    addParts(*entity);
 }
 
-void Builder::addAttributes(OdDbBlockReference& reference)
+void Builder::addParts(OdDbEntity& whole)
 {
-    for (auto count = m_values.below(3); count > 0; --count) {
-        OdSmartPtr<OdDbAttribute> const attribute = new OdDbAttribute;
-        attribute->setLayer(reference.layerId());
-        add(*attribute, reference.objectId());
-        reference.adoptAttribute(*attribute);
+    if (odCast<OdDbRawEntity>(&whole))
+        return; // it would take anything
+    std::vector<OdRxClass const*> classes;
+    for (OdRxClass const* const cls : m_partClasses)
+        if (whole.takesPart(*OdDbEntityPtr(created(*cls))))
+            classes.push_back(cls);
+    if (classes.empty())
+        return;
+    for (auto count = m_values.below(4); count > 0; --count) {
+        OdDbEntityPtr const part = created(*m_values.pick(classes));
+        part->setLayer(whole.layerId());
+        add(*part, whole.objectId());
+        whole.adoptPart(*part);
     }
-    if (reference.subentities().empty())
+    if (whole.subentities().empty())
         return;
     OdSmartPtr<OdDbSequenceEnd> const end = new OdDbSequenceEnd;
-    end->setLayer(reference.layerId());
-    add(*end, reference.objectId());
-    reference.adoptSequenceEnd(*end);
-}
-
-void Builder::addVertices(OdDbRawEntity& polyline)
-{
-    for (auto count = 1 + m_values.below(3); count > 0; --count) {
-        OdDbEntityPtr const vertex = new OdDbRawEntity("VERTEX");
-        vertex->setLayer(polyline.layerId());
-        add(*vertex, polyline.objectId());
-        polyline.adoptSubentity(*vertex);
-    }
-    OdSmartPtr<OdDbSequenceEnd> const end = new OdDbSequenceEnd;
-    end->setLayer(polyline.layerId());
-    add(*end, polyline.objectId());
-    polyline.adoptSequenceEnd(*end);
+    end->setLayer(whole.layerId());
+    add(*end, whole.objectId());
+    whole.adoptSequenceEnd(*end);
 }
 
 OdDbTagList Builder::comments()

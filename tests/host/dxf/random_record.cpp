@@ -1,6 +1,6 @@
 #include "tests/host/dxf/random_record.h"
 
-#include "host/db/od_db_entity.h"
+#include "host/db/entities/od_db_block_reference.h"
 #include "host/db/od_dxf_code.h"
 #include "host/db/records/od_db_dim_variable.h"
 
@@ -28,9 +28,6 @@ std::span<std::int16_t const> extendedDataCodes()
     return s_codes;
 }
 
-/// Sections that stand in for one another: a file has one of them.
-constexpr std::string_view kAlternatives[] = {"AcDbBlockReference", "AcDbMInsertBlock"};
-
 /// Codes that no class has for values of its own, of every kind.
 std::span<std::int16_t const> foreignCodes()
 {
@@ -42,6 +39,17 @@ std::span<std::int16_t const> foreignCodes()
         return codes;
     }();
     return s_codes;
+}
+
+/// Whether a tag of this code leaves the record what it is: there are tags that put it elsewhere or that make it
+/// one of another class.
+bool mayKeep(OdDbObject const& object, int code)
+{
+    constexpr int kColumns = 70;
+    constexpr int kRows = 71;
+    if (object.isA() == OdDbBlockReference::desc() && (code == kColumns || code == kRows))
+        return false;
+    return code != (odCast<OdDbEntity>(&object) ? kPaperSpace : kName);
 }
 
 } // namespace
@@ -88,11 +96,9 @@ void RandomRecord::fill(OdDbObject& object)
     OdDbRecordReader reader(object, *this);
     ReaderSink sink(reader);
     putEnvelope(object, sink);
-    std::string_view const unwanted = kAlternatives[m_values.below(2)];
     std::string_view last;
     for (OdDbSection const& section : object.fieldTable().sections()) {
-        bool const isLeftOut = section.marker == unwanted;
-        if (section.marker != last && !isLeftOut)
+        if (section.marker != last)
             putGroup(object, section.marker, sink);
         last = section.marker;
     }
@@ -138,6 +144,8 @@ void RandomRecord::putGroup(OdDbObject const& object, std::string_view marker, S
         {"AcDbPolyline", &RandomRecord::putVertices},  {"AcDbLinetypeTableRecord", &RandomRecord::putDashes},
         {"AcDbDictionary", &RandomRecord::putEntries}, {"AcDbDimStyleTableRecord", &RandomRecord::putDimVariables},
         {"AcDbAttribute", &RandomRecord::putVersion},  {"AcDbAttributeDefinition", &RandomRecord::putVersion},
+        {"AcDbSpline", &RandomRecord::putSplineLists}, {"AcDbTrace", &RandomRecord::putLastCorner},
+        {"AcDbFace", &RandomRecord::putLastCorner},
     };
     if (!marker.empty())
         sink.text(kMarker, marker);
@@ -187,10 +195,9 @@ void RandomRecord::putField(OdDbObject const& object, OdDbField const& field, Si
 /// Tags that no field takes, unless they happen to have the code of one.
 void RandomRecord::putKept(OdDbObject const& object, Sink& sink)
 {
-    int const unwanted = odCast<OdDbEntity>(&object) ? kPaperSpace : kName;
     auto const codes = m_oddities == EOddities::kAnywhere ? recordCodes() : foreignCodes();
     for (auto count = m_values.below(6); count > 0; --count)
-        if (OdDbTag const tag = m_values.tag(m_values.pick(codes), m_handles); tag.code != unwanted)
+        if (OdDbTag const tag = m_values.tag(m_values.pick(codes), m_handles); mayKeep(object, tag.code))
             sink.put(tag);
 }
 
@@ -262,4 +269,25 @@ void RandomRecord::putVersion(Sink& sink)
     constexpr int kVersionOrLock = 280;
     for (auto count = m_values.below(3); count > 0; --count)
         sink.integer(kVersionOrLock, m_values.integer(8));
+}
+
+void RandomRecord::putSplineLists(Sink& sink)
+{
+    for (int const code : {72, 73, 74}) // counts that lie
+        sink.integer(code, m_values.integer(16));
+    for (auto count = m_values.below(8); count > 0; --count)
+        sink.real(m_values.oneIn(3) ? 41 : 40, m_values.real());
+    for (auto count = m_values.below(8); count > 0; --count) {
+        int const code = m_values.oneIn(3) ? 11 : 10;
+        for (int const coordinate : {0, 10, 20})
+            if (coordinate == 0 || !m_values.oneIn(6))
+                sink.real(code + coordinate, m_values.real());
+    }
+}
+
+void RandomRecord::putLastCorner(Sink& sink)
+{
+    double const corner[] = {m_values.real(), m_values.real(), m_values.real()};
+    if (!m_values.oneIn(3))
+        sink.point(13, corner, 3);
 }

@@ -55,6 +55,8 @@ private:
     void putEntries(Sink& sink);
     void putDimVariables(Sink& sink);
     void putVersion(Sink& sink);
+    void putSplineLists(Sink& sink);
+    void putLastCorner(Sink& sink);
 
     OdDbDatabase& m_database;
     RandomValues& m_values;

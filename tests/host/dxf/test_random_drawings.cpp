@@ -45,6 +45,10 @@ OdDbDatabasePtr readBack(std::string const& bytes)
 {
     dxf::ReadReport report;
     OdDbDatabasePtr const database = dxf::readBytes(L"random.dxf", bytes, &report);
+    // Random sizes of meshes do not fit the number of their vertices.
+    std::erase_if(report.notes, [](dxf::ReadNote const& note) {
+        return note.text.str().find(L"vertices instead of") != std::wstring::npos;
+    });
     if (!report.notes.empty())
         CPPUNIT_FAIL(dxf::locationOf(L"random.dxf", report, report.notes[0]).toUtf8() + ": " +
                      report.notes[0].text.toUtf8());
