@@ -60,6 +60,9 @@ public:
             if (std::optional<Answer> keyword = parseKeyword())
                 return {std::move(keyword), {}};
         }
+        if (m_prompt.takesOtherText() &&
+            !(m_kind == EAnswerKind::kPoint ? point().has_value() : number().has_value()))
+            return parseText();
         switch (m_kind) {
         case EAnswerKind::kPoint: return parsePointAnswer();
         case EAnswerKind::kDistance: return parseDistance();
@@ -136,6 +139,8 @@ private:
         return {answer, {}};
     }
 
+    bool isFirstOfTwoPoints() const { return !m_prompt.basePoint() && m_prompt.takesTwoPoints(); }
+
     ParsedAnswer parsePointAnswer() const
     {
         std::optional<OdGePoint3d> const given = point();
@@ -149,32 +154,39 @@ private:
     ParsedAnswer parseDistance() const
     {
         std::optional<double> value = number();
+        if (!value && isFirstOfTwoPoints())
+            return parsePointAnswer();
         std::optional<OdGePoint3d> const given = value || !m_prompt.basePoint() ? std::nullopt : point();
         if (given)
             value = m_prompt.basePoint()->distanceTo(*given);
-        ParsedAnswer result = withinLimits(value);
-        if (result.answer && given)
-            setPoint(*result.answer, *given);
-        return result;
+        return withPoint(withinLimits(value), given);
     }
 
     ParsedAnswer parseAngle() const
     {
         std::optional<double> value = number();
+        if (!value && isFirstOfTwoPoints())
+            return parsePointAnswer();
+        std::optional<OdGePoint3d> const given = value || !m_prompt.basePoint() ? std::nullopt : point();
         if (value)
             *value *= OdaPI / 180.0;
-        else if (m_prompt.basePoint())
-            value = angleTo(point());
-        return withinLimits(value);
+        else if (given)
+            value = angleTo(*given);
+        return withPoint(withinLimits(value), given);
     }
 
     /// Direction from the base point in the plane of the user coordinate system.
-    std::optional<double> angleTo(std::optional<OdGePoint3d> const& given) const
+    double angleTo(OdGePoint3d const& given) const
     {
-        if (!given)
-            return std::nullopt;
-        OdGeVector3d const direction = m_frame.ucsToWorld.inverse() * (*given - *m_prompt.basePoint());
+        OdGeVector3d const direction = m_frame.ucsToWorld.inverse() * (given - *m_prompt.basePoint());
         return direction.convert2d().angle();
+    }
+
+    static ParsedAnswer withPoint(ParsedAnswer result, std::optional<OdGePoint3d> const& given)
+    {
+        if (result.answer && given)
+            setPoint(*result.answer, *given);
+        return result;
     }
 
     ParsedAnswer parseInteger() const

@@ -135,6 +135,33 @@ void CaDoc::close()
     m_application.closeDocument(this);
 }
 
+void CaDoc::setUndoControl(UndoControl const& control)
+{
+    m_undoControl = control;
+    if (control.limit == EUndoLimit::kNone)
+        database()->undoLog().clear();
+    else if (control.limit == EUndoLimit::kOne)
+        database()->undoLog().keepLastUnit();
+}
+
+bool CaDoc::beginUndoRecord(OdString const& command, bool ofViewOnly)
+{
+    if (!isUndoRecordingEnabled() || m_undoControl.limit == EUndoLimit::kNone)
+        return false;
+    database()->undoLog().start(command, ofViewOnly);
+    return true;
+}
+
+void CaDoc::endUndoRecord()
+{
+    OdDbUndoLog& log = database()->undoLog();
+    log.end();
+    if (m_undoControl.combinesViews)
+        log.combineViews();
+    if (m_undoControl.limit == EUndoLimit::kOne)
+        log.keepLastUnit();
+}
+
 OdSmartPtr<OdDbSelectionSet> CaDoc::previousSelection() const
 {
     return m_previousSelection;

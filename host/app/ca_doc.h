@@ -1,6 +1,8 @@
 #pragma once
 
+#include "host/app/command_memory.h"
 #include "host/app/oa_app.h"
+#include "host/app/undo_control.h"
 #include "host/dxf/dxf_file.h"
 #include "host/geom/od_ge_3d.h"
 
@@ -78,12 +80,21 @@ public:
     /// Direction in which the last line or arc ended: radians in the plane of the user coordinate system.
     double lastAngle() const { return m_lastAngle; }
     void setLastAngle(double angle) { m_lastAngle = angle; }
+    /// A new limit forgets at once what lies beyond it.
+    UndoControl const& undoControl() const { return m_undoControl; }
+    void setUndoControl(UndoControl const& control);
+    /// The outermost command begins, or has ended: its changes are one record of the undo log, as undoControl()
+    /// and isUndoRecordingEnabled() want it. False when no record begins.
+    bool beginUndoRecord(OdString const& command, bool ofViewOnly);
+    void endUndoRecord();
     /// Null before the first selection.
     OdSmartPtr<OdDbSelectionSet> previousSelection() const;
     void setPreviousSelection(OdSmartPtr<OdDbSelectionSet> selection);
     /// Values of the variables that a document keeps but no file.
     SysVarStore& variables() { return *m_variables; }
     SysVarStore const& variables() const { return *m_variables; }
+    /// Settings of commands that are no variables.
+    CommandMemory& commandMemory() { return m_commandMemory; }
     /// @}
 
 private:
@@ -101,7 +112,9 @@ private:
     OdGePoint3d m_lastPoint;
     double m_lastAngle = 0;
     OdSmartPtr<OdDbSelectionSet> m_previousSelection;
+    UndoControl m_undoControl;
     std::unique_ptr<SysVarStore> m_variables;
+    CommandMemory m_commandMemory;
 };
 
 } // namespace ca

@@ -81,6 +81,15 @@ std::optional<OdCmColor> parsePaletteColor(OdString const& text)
     return OdCmColor(static_cast<std::int16_t>(index));
 }
 
+std::optional<OdCmColor> parseEntityColor(OdString const& text)
+{
+    if (text.equalsNoCase(L"BYLAYER"))
+        return OdCmColor(OdCmColor::kByLayer);
+    if (text.equalsNoCase(L"BYBLOCK"))
+        return OdCmColor(OdCmColor::kByBlock);
+    return parsePaletteColor(text);
+}
+
 std::optional<OdCmColor> parseTrueColor(OdString const& text)
 {
     std::vector<std::uint8_t> parts;

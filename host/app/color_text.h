@@ -9,6 +9,8 @@ namespace ca {
 
 /// A color of the palette: its number, 1 to 255, or the name of one of the first seven, in any case.
 std::optional<OdCmColor> parsePaletteColor(OdString const& text);
+/// A palette color, or ByLayer or ByBlock, in any case: what an entity can have.
+std::optional<OdCmColor> parseEntityColor(OdString const& text);
 /// "red,green,blue", each 0 to 255.
 std::optional<OdCmColor> parseTrueColor(OdString const& text);
 

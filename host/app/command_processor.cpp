@@ -133,10 +133,8 @@ void CommandProcessor::begin(CommandDef const& command, CaDoc* document)
     frame->editor = std::make_unique<Editor>(*this, document);
     frame->task = command.run(*frame->editor);
     bool const isOutermost = m_frames.empty();
-    if (isOutermost && document && !(command.flags & kNoUndoRecord) && document->isUndoRecordingEnabled()) {
-        document->database()->startUndoRecord(command.name);
-        frame->hasUndoRecord = true;
-    }
+    if (isOutermost && document && !(command.flags & kNoUndoRecord))
+        frame->hasUndoRecord = document->beginUndoRecord(command.name, (command.flags & kViewOnly) != 0);
     m_frames.push_back(std::move(frame));
     m_frames.back()->task.start();
     afterStep();
@@ -197,7 +195,7 @@ void CommandProcessor::finishTop()
 void CommandProcessor::endUndoRecord(Frame& frame)
 {
     if (frame.hasUndoRecord && app()->hasDocument(frame.document))
-        frame.document->database()->undoLog().end();
+        frame.document->endUndoRecord();
 }
 
 void CommandProcessor::cancelAll()

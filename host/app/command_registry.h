@@ -16,7 +16,8 @@ enum ECommandFlags : unsigned
     kTransparent = 1,    ///< may run inside another command, with "'" in front of its name
     kNoUndoRecord = 2,   ///< its changes are no step of their own for U
     kLiteralStrings = 4, ///< takes file names or free text: text answers are literal
-    kNoDocument = 8      ///< runs without a current document
+    kNoDocument = 8,     ///< runs without a current document
+    kViewOnly = 16       ///< changes the view alone; U can take back several such in a row at once
 };
 
 /// A command of the command line. Names and aliases are upper case.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ca {
 
@@ -12,6 +13,8 @@ namespace {
 constexpr int kWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
                             53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 constexpr wchar_t const* kDefaultText = L"Default";
+constexpr std::pair<int, wchar_t const*> kReferences[] = {{kLineWeightByLayer, L"ByLayer"},
+                                                          {kLineWeightByBlock, L"ByBlock"}};
 
 } // namespace
 
@@ -34,6 +37,22 @@ std::optional<int> parseLineWeight(OdString const& text)
 OdString lineWeightText(int weight)
 {
     return weight < 0 ? OdString(kDefaultText) : odFormat(L"%.2f mm", weight / 100.0);
+}
+
+std::optional<int> parseEntityLineWeight(OdString const& text)
+{
+    for (auto const& [weight, name] : kReferences)
+        if (text.equalsNoCase(name))
+            return weight;
+    return parseLineWeight(text);
+}
+
+OdString entityLineWeightText(int weight)
+{
+    for (auto const& [reference, name] : kReferences)
+        if (weight == reference)
+            return name;
+    return lineWeightText(weight);
 }
 
 } // namespace ca

@@ -34,6 +34,18 @@ Prompt& Prompt::base(OdGePoint3d const& point)
     return *this;
 }
 
+Prompt& Prompt::twoPoints()
+{
+    m_takesTwoPoints = true;
+    return *this;
+}
+
+Prompt& Prompt::orText()
+{
+    m_takesOtherText = true;
+    return *this;
+}
+
 Prompt& Prompt::atLeast(double limit, bool exclusive)
 {
     m_least = limit;

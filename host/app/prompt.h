@@ -23,6 +23,11 @@ public:
     Prompt& allowEnter();
     /// Point from which distances and angles are measured when a point answers.
     Prompt& base(OdGePoint3d const& point);
+    /// Where a distance or an angle has no base point: a point answers too, as the first of two; two_points.h asks
+    /// for the other one.
+    Prompt& twoPoints();
+    /// Where a point or a number is asked for: other text answers too, for the command to understand.
+    Prompt& orText();
     /// Numbers below this are refused; with `exclusive` also the limit itself.
     Prompt& atLeast(double limit, bool exclusive = false);
     Prompt& atMost(double limit);
@@ -34,6 +39,8 @@ public:
     OdString const& allHiddenKeywords() const { return m_hidden; }
     bool takesEnter() const { return m_takesEnter; }
     std::optional<OdGePoint3d> const& basePoint() const { return m_base; }
+    bool takesTwoPoints() const { return m_takesTwoPoints; }
+    bool takesOtherText() const { return m_takesOtherText; }
     /// Empty when the number is within the limits, else what to tell the user.
     OdString refusal(double number) const;
 
@@ -44,6 +51,8 @@ private:
     OdString m_default;
     bool m_takesEnter = false;
     bool m_notZero = false;
+    bool m_takesTwoPoints = false;
+    bool m_takesOtherText = false;
     std::optional<OdGePoint3d> m_base;
     std::optional<double> m_least;
     bool m_leastIsExclusive = false;
@@ -75,7 +84,7 @@ struct Answer
 
     EStatus status = EStatus::kNone;
     OdGePoint3d point;     ///< in world coordinates
-    bool hasPoint = false; ///< a point answered, also where a distance was asked for
+    bool hasPoint = false; ///< a point answered, also where a distance or an angle was asked for
     double real = 0;       ///< distance, angle in radians, number
     std::int64_t integer = 0;
     OdString text;                 ///< the text, or the keyword as the prompt spells it

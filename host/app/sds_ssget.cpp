@@ -21,9 +21,11 @@ using EMode = ca::SelectionFinder::EMode;
 struct Request
 {
     ca::CaDoc& document;
-    double const* pt1;
+    void const* pt1; ///< coordinates, or a list of points
     double const* pt2;
 
+    double const* firstPoint() const { return static_cast<double const*>(pt1); }
+    sds_resbuf const* firstOfList() const { return static_cast<sds_resbuf const*>(pt1); }
     OdGePoint3d world(double const* point) const
     {
         return oa::ucsToWorld(document.database()) * OdGePoint3d(point[0], point[1], point[2]);
@@ -35,15 +37,50 @@ std::optional<Ids> inRectangle(Request const& request, EMode mode)
 {
     if (!request.pt1 || !request.pt2)
         return std::nullopt;
-    return ca::SelectionFinder(request.document)
-        .inRectangle(request.world(request.pt1), request.world(request.pt2), mode);
+    ca::SelectionFinder const finder(request.document);
+    return finder.in(ca::SelectionRegion::rectangle(finder.worldToPlane(), request.world(request.firstPoint()),
+                                                    request.world(request.pt2)),
+                     mode);
+}
+
+/// Empty when something else than points stands in the list.
+std::vector<OdGePoint3d> pointsOf(Request const& request)
+{
+    std::vector<OdGePoint3d> points;
+    for (sds_resbuf const* node = request.firstOfList(); node; node = node->rbnext) {
+        if (node->restype != RTPOINT && node->restype != RT3DPOINT)
+            return {};
+        points.push_back(request.world(node->resval.rpoint));
+    }
+    return points;
+}
+
+/// None when there are fewer points than the shape needs.
+std::optional<Ids> inPolygon(Request const& request, EMode mode)
+{
+    constexpr std::size_t kLeast = 3;
+    std::vector<OdGePoint3d> const corners = pointsOf(request);
+    if (corners.size() < kLeast)
+        return std::nullopt;
+    ca::SelectionFinder const finder(request.document);
+    return finder.in(ca::SelectionRegion::polygon(finder.worldToPlane(), corners), mode);
+}
+
+std::optional<Ids> alongFence(Request const& request)
+{
+    constexpr std::size_t kLeast = 2;
+    std::vector<OdGePoint3d> const points = pointsOf(request);
+    if (points.size() < kLeast)
+        return std::nullopt;
+    ca::SelectionFinder const finder(request.document);
+    return finder.in(ca::SelectionRegion::fence(finder.worldToPlane(), points), EMode::kCrossing);
 }
 
 std::optional<Ids> under(Request const& request)
 {
     if (!request.pt1)
         return std::nullopt;
-    return Ids{ca::SelectionFinder(request.document).at(request.world(request.pt1))};
+    return Ids{ca::SelectionFinder(request.document).at(request.world(request.firstPoint()))};
 }
 
 std::optional<Ids> everything(Request const& request)
@@ -79,6 +116,9 @@ constexpr Mode s_modes[] = {
     {L"P", &previous},
     {L"W", [](Request const& request) { return inRectangle(request, EMode::kWindow); }},
     {L"C", [](Request const& request) { return inRectangle(request, EMode::kCrossing); }},
+    {L"WP", [](Request const& request) { return inPolygon(request, EMode::kWindow); }},
+    {L"CP", [](Request const& request) { return inPolygon(request, EMode::kCrossing); }},
+    {L"F", &alongFence},
 };
 
 Mode const* findMode(wchar_t const* text)
@@ -157,7 +197,7 @@ bool passes(OdDbObjectId id, sds_resbuf const* filter)
 
 } // namespace
 
-int sds_ssget(wchar_t const* mode, double const* pt1, double const* pt2, sds_resbuf const* filter,
+int sds_ssget(wchar_t const* mode, void const* pt1, double const* pt2, sds_resbuf const* filter,
               std::int64_t* result)
 {
     ca::CaDoc* const document = ca::curDoc();

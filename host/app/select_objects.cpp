@@ -2,6 +2,9 @@
 
 #include "host/app/ca_doc.h"
 #include "host/app/selection_finder.h"
+#include "host/app/selection_gathering.h"
+#include "host/app/selection_groups.h"
+#include "host/app/selection_path.h"
 #include "host/db/oa_space.h"
 #include "host/db/od_db_database.h"
 
@@ -11,93 +14,72 @@ namespace ca {
 
 namespace {
 
-constexpr wchar_t const* kOptions = L"Window Crossing BOX Last ALL Previous Add Remove Undo SIngle AUto Multiple";
+using Gathering = SelectionGathering;
+using Ids = std::vector<OdDbObjectId>;
+using Points = std::vector<OdGePoint3d>;
 
-/// The selection that grows and shrinks while the question is asked.
-class Gathering
+OdGeMatrix3d toPlane(Editor& editor)
 {
-public:
-    explicit Gathering(Editor& editor) : m_editor(editor), m_set(OdDbSelectionSet::create(&editor.db())) {}
-
-    void setRemoving(bool removing) { m_isRemoving = removing; }
-    bool isRemoving() const { return m_isRemoving; }
-    OdDbSelectionSet& set() { return *m_set; }
-
-    /// Adds or removes and says so: "3 found (1 duplicate), 7 total".
-    void take(std::vector<OdDbObjectId> const& ids)
-    {
-        std::vector<OdDbObjectId> changed;
-        for (OdDbObjectId const id : ids) {
-            if (m_set->member(id) != m_isRemoving)
-                continue;
-            if (m_isRemoving)
-                m_set->remove(id);
-            else
-                m_set->append(id);
-            changed.push_back(id);
-        }
-        report(ids.size(), changed.size());
-        m_steps.push_back({m_isRemoving, std::move(changed)});
-    }
-
-    void undo()
-    {
-        if (m_steps.empty()) {
-            m_editor.message(L"Nothing to undo.");
-            return;
-        }
-        for (OdDbObjectId const id : m_steps.back().ids) {
-            if (m_steps.back().removed)
-                m_set->append(id);
-            else
-                m_set->remove(id);
-        }
-        m_steps.pop_back();
-        m_editor.message(odFormat(L"%lld total", static_cast<long long>(m_set->numEntities())));
-    }
-
-private:
-    struct Step
-    {
-        bool removed;
-        std::vector<OdDbObjectId> ids;
-    };
-
-    void report(std::size_t found, std::size_t changed)
-    {
-        OdString text = odFormat(L"%lld found", static_cast<long long>(found));
-        if (m_isRemoving)
-            text += odFormat(L", %lld removed", static_cast<long long>(changed));
-        else if (changed < found)
-            text += odFormat(L" (%lld duplicate)", static_cast<long long>(found - changed));
-        if (m_set->numEntities() != changed || m_isRemoving)
-            text += odFormat(L", %lld total", static_cast<long long>(m_set->numEntities()));
-        m_editor.message(text);
-    }
-
-    Editor& m_editor;
-    OdDbSelectionSetPtr m_set;
-    std::vector<Step> m_steps;
-    bool m_isRemoving = false;
-};
-
-using EMode = SelectionFinder::EMode;
-
-/// A second corner; from left to right the rectangle is a window, from right to left it crosses.
-Task<> takeBox(Editor& editor, Gathering& gathering, OdGePoint3d first)
-{
-    Answer const second = co_await editor.point(Prompt(L"Specify opposite corner").base(first));
-    OdGeMatrix3d const worldToUcs = editor.ucsToWorld().inverse();
-    bool const toRight = (worldToUcs * second.point).x >= (worldToUcs * first).x;
-    EMode const mode = toRight ? EMode::kWindow : EMode::kCrossing;
-    gathering.take(SelectionFinder(editor.doc()).inRectangle(first, second.point, mode));
+    return editor.ucsToWorld().inverse();
 }
 
-Task<> takeRectangle(Editor& editor, Gathering& gathering, EMode mode)
+/// A second corner; from left to right the rectangle is a window, from right to left it crosses.
+Task<> takeBoxFrom(Editor& editor, Gathering& gathering, OdGePoint3d first)
+{
+    Answer const second = co_await editor.point(Prompt(L"Specify opposite corner").base(first));
+    SelectionRegion const region = SelectionRegion::rectangle(toPlane(editor), first, second.point);
+    if ((toPlane(editor) * second.point).x >= (toPlane(editor) * first).x)
+        gathering.takeInside(region);
+    else
+        gathering.takeCrossing(region);
+}
+
+Task<> takeBox(Editor& editor, Gathering& gathering)
+{
+    Answer const first = co_await editor.point(Prompt(L"Specify first corner"));
+    co_await takeBoxFrom(editor, gathering, first.point);
+}
+
+Task<SelectionRegion> askRectangle(Editor& editor)
 {
     Answer const first = co_await editor.point(Prompt(L"Specify first corner"));
     Answer const second = co_await editor.point(Prompt(L"Specify opposite corner").base(first.point));
-    gathering.take(SelectionFinder(editor.doc()).inRectangle(first.point, second.point, mode));
+    co_return SelectionRegion::rectangle(toPlane(editor), first.point, second.point);
+}
+
+Task<> takeWindow(Editor& editor, Gathering& gathering)
+{
+    SelectionRegion const region = co_await askRectangle(editor);
+    gathering.takeInside(region);
+}
+
+Task<> takeCrossing(Editor& editor, Gathering& gathering)
+{
+    SelectionRegion const region = co_await askRectangle(editor);
+    gathering.takeCrossing(region);
+}
+
+Task<> takeWindowPolygon(Editor& editor, Gathering& gathering)
+{
+    Points const corners = co_await askPolygon(editor);
+    if (!corners.empty())
+        gathering.takeInside(SelectionRegion::polygon(toPlane(editor), corners));
+}
+
+Task<> takeCrossingPolygon(Editor& editor, Gathering& gathering)
+{
+    Points const corners = co_await askPolygon(editor);
+    if (!corners.empty())
+        gathering.takeCrossing(SelectionRegion::polygon(toPlane(editor), corners));
+}
+
+Task<> takeFence(Editor& editor, Gathering& gathering)
+{
+    Points const points = co_await askFence(editor);
+    if (points.empty())
+        co_return;
+    SelectionRegion const fence = SelectionRegion::fence(toPlane(editor), points);
+    gathering.takePicked(SelectionFinder(editor.doc()).in(fence, SelectionFinder::EMode::kCrossing));
 }
 
 /// A point picks what lies under it; where nothing does, it is the first corner of a rectangle.
@@ -105,12 +87,12 @@ Task<> takePoint(Editor& editor, Gathering& gathering, OdGePoint3d point)
 {
     OdDbObjectId const picked = SelectionFinder(editor.doc()).at(point);
     if (picked.isNull())
-        co_await takeBox(editor, gathering, point);
+        co_await takeBoxFrom(editor, gathering, point);
     else
-        gathering.take({picked});
+        gathering.takePicked(Ids(1, picked));
 }
 
-std::vector<OdDbObjectId> present(std::vector<OdDbObjectId> ids)
+Ids present(Ids ids)
 {
     std::erase_if(ids, [](OdDbObjectId id) { return id.isErased(); });
     return ids;
@@ -126,7 +108,7 @@ void reportLeft(Editor& editor, std::size_t count, wchar_t const* where)
 
 /// Takes what was given by name. Commands work in the active space: erased entities, other objects, and entities
 /// of blocks, other spaces and other drawings are left out.
-void takeNamed(Editor& editor, Gathering& gathering, std::vector<OdDbObjectId> ids)
+void takeNamed(Editor& editor, Gathering& gathering, Ids ids)
 {
     OdDbObjectId const space = oa::getActiveSpace(&editor.db());
     ids = present(std::move(ids));
@@ -138,70 +120,140 @@ void takeNamed(Editor& editor, Gathering& gathering, std::vector<OdDbObjectId> i
     reportLeft(editor, elsewhere, L"not in the current space");
 }
 
-void takeOne(Gathering& gathering, OdDbObjectId id)
+Task<> takeGroup(Editor& editor, Gathering& gathering)
 {
-    gathering.take(id.isNull() ? std::vector<OdDbObjectId>() : std::vector<OdDbObjectId>{id});
+    Answer const name = co_await editor.text(Prompt(L"Enter group name"));
+    std::optional<Ids> const members = groupMembers(editor.doc(), name.text);
+    if (members)
+        gathering.take(*members);
+    else
+        editor.message(odFormat(L"Group \"%ls\" does not exist.", name.text.c_str()));
 }
 
-Task<> takeOption(Editor& editor, Gathering& gathering, OdString option)
+Task<> takeLast(Editor& editor, Gathering& gathering)
 {
-    SelectionFinder const finder(editor.doc());
-    if (option == L"Window" || option == L"Crossing") {
-        co_await takeRectangle(editor, gathering, option == L"Window" ? EMode::kWindow : EMode::kCrossing);
-    } else if (option == L"BOX") {
-        Answer const first = co_await editor.point(Prompt(L"Specify first corner"));
-        co_await takeBox(editor, gathering, first.point);
-    } else if (option == L"Last") {
-        takeOne(gathering, finder.last());
-    } else if (option == L"ALL") {
-        gathering.take(finder.all());
-    } else if (option == L"Previous") {
-        OdDbSelectionSetPtr const previous = editor.doc().previousSelection();
-        if (previous.isNull())
-            editor.message(L"No previous selection set.");
-        else
-            takeNamed(editor, gathering, previous->objectIds());
-    } else if (option == L"Add" || option == L"Remove") {
-        gathering.setRemoving(option == L"Remove");
-    } else if (option == L"Undo") {
-        gathering.undo();
-    }
+    OdDbObjectId const last = SelectionFinder(editor.doc()).last();
+    gathering.take(last.isNull() ? Ids() : Ids(1, last));
+    co_return;
+}
+
+Task<> takeAll(Editor& editor, Gathering& gathering)
+{
+    gathering.take(SelectionFinder(editor.doc()).all());
+    co_return;
+}
+
+Task<> takePrevious(Editor& editor, Gathering& gathering)
+{
+    OdDbSelectionSetPtr const previous = editor.doc().previousSelection();
+    if (previous.isNull())
+        editor.message(L"No previous selection set.");
+    else
+        takeNamed(editor, gathering, previous->objectIds());
+    co_return;
+}
+
+Task<> undoLast(Editor&, Gathering& gathering)
+{
+    gathering.undo();
+    co_return;
+}
+
+Task<> beginAdding(Editor&, Gathering& gathering)
+{
+    gathering.setRemoving(false);
+    co_return;
+}
+
+Task<> beginRemoving(Editor&, Gathering& gathering)
+{
+    gathering.setRemoving(true);
+    co_return;
+}
+
+Task<> doNothing(Editor&, Gathering&)
+{
+    co_return;
+}
+
+struct Option
+{
+    wchar_t const* keyword;
+    Task<> (*run)(Editor&, Gathering&);
+};
+// clang-format off
+constexpr Option kOptions[] = {
+    {L"Window",   &takeWindow},        {L"Crossing", &takeCrossing},        {L"BOX",   &takeBox},
+    {L"WPolygon", &takeWindowPolygon}, {L"CPolygon", &takeCrossingPolygon}, {L"Fence", &takeFence},
+    {L"Last",     &takeLast},          {L"ALL",      &takeAll},             {L"Group", &takeGroup},
+    {L"Previous", &takePrevious},      {L"Undo",     &undoLast},
+    {L"Add",      &beginAdding},       {L"Remove",   &beginRemoving},
+    {L"AUto",     &doNothing},         {L"Multiple", &doNothing},           {L"SIngle", &doNothing},
+};
+// clang-format on
+
+OdString const& optionKeywords()
+{
+    static OdString const s_keywords = [] {
+        OdString list;
+        for (Option const& option : kOptions)
+            list += (list.isEmpty() ? OdString() : OdString(L" ")) + option.keyword;
+        return list;
+    }();
+    return s_keywords;
 }
 
 Task<> takeAnswer(Editor& editor, Gathering& gathering, Answer answer)
 {
-    if (answer.isKeyword())
-        co_await takeOption(editor, gathering, answer.text);
-    else if (!answer.selection.isNull())
+    if (answer.isKeyword()) {
+        for (Option const& option : kOptions)
+            if (answer.isKeyword(option.keyword))
+                co_await option.run(editor, gathering);
+    } else if (!answer.selection.isNull()) {
         takeNamed(editor, gathering, answer.selection->objectIds());
-    else if (!answer.entity.isNull())
-        takeNamed(editor, gathering, std::vector<OdDbObjectId>(1, answer.entity));
-    else
+    } else if (!answer.entity.isNull()) {
+        takeNamed(editor, gathering, Ids(1, answer.entity));
+    } else {
         co_await takePoint(editor, gathering, answer.point);
+    }
+}
+
+Task<> gather(Editor& editor, Gathering& gathering, OdString question)
+{
+    bool isSingle = false;
+    for (;;) {
+        OdString const text = gathering.isRemoving() ? OdString(L"Remove objects") : question;
+        Answer const answer =
+            co_await editor.selection(Prompt(text).hiddenKeywords(optionKeywords()).allowEnter());
+        if (answer.isNone())
+            co_return;
+        isSingle = isSingle || answer.isKeyword(L"SIngle");
+        co_await takeAnswer(editor, gathering, answer);
+        if (isSingle && gathering.set().numEntities() > 0)
+            co_return;
+    }
 }
 
 } // namespace
 
-Task<std::vector<OdDbObjectId>> selectObjects(Editor& editor, OdString question, ELockedLayers lockedLayers)
+Task<SelectedObjects> selectObjectsByCrossing(Editor& editor, OdString question, ELockedLayers lockedLayers)
 {
     Gathering gathering(editor);
-    bool isSingle = false;
-    for (;;) {
-        OdString const text = gathering.isRemoving() ? OdString(L"Remove objects") : question;
-        Answer const answer = co_await editor.selection(Prompt(text).hiddenKeywords(kOptions).allowEnter());
-        if (answer.isNone())
-            break;
-        isSingle = isSingle || answer.isKeyword(L"SIngle");
-        co_await takeAnswer(editor, gathering, answer);
-        if (isSingle && gathering.set().numEntities() > 0)
-            break;
-    }
-    std::vector<OdDbObjectId> ids = present(gathering.set().objectIds());
-    if (!ids.empty())
+    co_await gather(editor, gathering, question);
+    SelectedObjects selected;
+    selected.ids = present(gathering.set().objectIds());
+    selected.crossing = gathering.lastCrossing();
+    if (!selected.ids.empty())
         editor.doc().setPreviousSelection(OdDbSelectionSetPtr(&gathering.set()));
     if (lockedLayers == ELockedLayers::kLeftOut)
-        reportLeft(editor, std::erase_if(ids, isOnLockedLayer), L"on a locked layer");
-    co_return ids;
+        reportLeft(editor, std::erase_if(selected.ids, isOnLockedLayer), L"on a locked layer");
+    co_return selected;
+}
+
+Task<Ids> selectObjects(Editor& editor, OdString question, ELockedLayers lockedLayers)
+{
+    SelectedObjects selected = co_await selectObjectsByCrossing(editor, question, lockedLayers);
+    co_return std::move(selected.ids);
 }
 
 } // namespace ca

@@ -6,70 +6,87 @@
 #include "host/db/od_db_database.h"
 #include "host/db/records/od_db_block_table_record.h"
 #include "host/db/records/od_db_layer_table_record.h"
-#include "host/geom/od_ge_rectangle_test.h"
 
 namespace ca {
 
 namespace {
 
-/// Tells how the outline of an entity lies to a rectangle.
-class RectangleSink : public OdDbOutlineSink
+using EMode = SelectionFinder::EMode;
+
+/// Tells whether the outline of an entity lies in a region or crosses it, as the mode wants.
+class RegionSink : public OdDbOutlineSink
 {
 public:
-    RectangleSink(OdGeExtents2d const& rectangle, OdGeMatrix3d const& toPlane, bool needsAll)
-        : m_rectangle(rectangle), m_toPlane(toPlane), m_needsAll(needsAll)
+    RegionSink(SelectionRegion const& region, EMode mode)
+        : m_region(region.shape()), m_toPlane(region.worldToPlane()), m_mode(mode)
     {
     }
 
     void point(OdGePoint3d const& position) override
     {
         OdGePoint2d const p = flat(position);
-        note(odgeRectangleTest::inside(m_rectangle, p), odgeRectangleTest::inside(m_rectangle, p));
+        note(isWindow() ? m_region.holds(p) : m_region.contains(p));
     }
     void segment(OdGePoint3d const& start, OdGePoint3d const& end) override
     {
         OdGePoint2d const a = flat(start), b = flat(end);
-        note(odgeRectangleTest::inside(m_rectangle, a, b), odgeRectangleTest::crosses(m_rectangle, a, b));
+        note(isWindow() ? m_region.holds(a, b) : m_region.crosses(a, b));
     }
     void arc(OdGeEllipticArc const& arc) override
     {
         OdGeEllipticArc image = arc;
         image.transformBy(m_toPlane);
-        note(odgeRectangleTest::inside(m_rectangle, image), odgeRectangleTest::crosses(m_rectangle, image));
+        note(isWindow() ? m_region.holds(image) : m_region.crosses(image));
+    }
+    void spline(OdGeNurbCurve3d const& curve) override
+    {
+        if (isBeside(curve.definition().controlPoints))
+            return note(false);
+        OdGeNurbCurve3d image = curve;
+        image.transformBy(m_toPlane);
+        note(isWindow() ? m_region.holds(image) : m_region.crosses(image));
+    }
+    void endless(OdGePoint3d const& base, OdGeVector3d const& direction, bool isRay) override
+    {
+        note(!isWindow() && m_region.crossesEndless(flat(base), (m_toPlane * direction).convert2d(), isRay));
     }
     void polygon(std::span<OdGePoint3d const> corners) override
     {
-        std::vector<OdGePoint2d> flatCorners;
-        bool isInside = true;
-        for (OdGePoint3d const& corner : corners) {
-            flatCorners.push_back(flat(corner));
-            isInside = isInside && odgeRectangleTest::inside(m_rectangle, flatCorners.back());
-        }
-        note(isInside, odgeRectangleTest::crosses(m_rectangle, flatCorners));
+        m_corners.clear();
+        for (OdGePoint3d const& corner : corners)
+            m_corners.push_back(flat(corner));
+        note(isWindow() ? m_region.holds(m_corners) : m_region.crosses(m_corners));
     }
-    bool isSatisfied() const override { return m_needsAll ? !m_allInside : m_someCrosses; }
+    bool isSatisfied() const override { return m_isDecided; }
 
-    bool isFound() const { return m_needsAll ? m_hasPieces && m_allInside : m_someCrosses; }
+    bool isFound() const { return m_isFound; }
 
 private:
-    OdGePoint2d flat(OdGePoint3d const& point) const
+    bool isWindow() const { return m_mode == EMode::kWindow; }
+    OdGePoint2d flat(OdGePoint3d const& point) const { return (m_toPlane * point).convert2d(); }
+
+    bool isBeside(std::vector<OdGePoint3d> const& controlPoints) const
     {
-        OdGePoint3d const image = m_toPlane * point;
-        return {image.x, image.y};
+        OdGeExtents2d hull;
+        for (OdGePoint3d const& point : controlPoints)
+            hull.addPoint(flat(point));
+        return m_region.box().isDisjoint(hull, 0);
     }
-    void note(bool isInside, bool crosses)
+    /// Of a window every piece has to say yes, else one is enough.
+    void note(bool answer)
     {
-        m_hasPieces = true;
-        m_allInside = m_allInside && isInside;
-        m_someCrosses = m_someCrosses || crosses;
+        if (m_isDecided)
+            return;
+        m_isFound = answer;
+        m_isDecided = answer != isWindow();
     }
 
-    OdGeExtents2d m_rectangle;
+    OdGeRegion2d const& m_region;
     OdGeMatrix3d const& m_toPlane;
-    bool m_needsAll;
-    bool m_hasPieces = false;
-    bool m_allInside = true;
-    bool m_someCrosses = false;
+    EMode m_mode;
+    bool m_isFound = false;
+    bool m_isDecided = false;
+    std::vector<OdGePoint2d> m_corners; ///< kept between polygons, so that they need no memory of their own
 };
 
 OdDbLayerTableRecord const* layerOf(OdDbEntity const& entity)
@@ -87,6 +104,21 @@ std::vector<OdDbStub*> const& spaceEntities(OdDbDatabase const& database)
 OdDbEntity const& entityOf(OdDbStub const* stub)
 {
     return *static_cast<OdDbEntity const*>(stub->object);
+}
+
+bool isPickable(OdDbEntity const& entity)
+{
+    OdDbLayerTableRecord const* const layer = layerOf(entity);
+    return entity.isVisible() && !(layer && (layer->isOff() || layer->isFrozen()));
+}
+
+bool isFound(OdDbStub const* stub, SelectionRegion const& region, EMode mode)
+{
+    if (stub->erased || !isPickable(entityOf(stub)))
+        return false;
+    RegionSink sink(region, mode);
+    entityOf(stub).outline(sink);
+    return sink.isFound();
 }
 
 /// The latest entity for which the condition holds, or null.
@@ -116,43 +148,22 @@ SelectionFinder::SelectionFinder(CaDoc const& document)
 {
 }
 
-bool SelectionFinder::isPickable(OdDbEntity const& entity) const
+std::vector<OdDbObjectId> SelectionFinder::in(SelectionRegion const& region, EMode mode) const
 {
-    OdDbLayerTableRecord const* const layer = layerOf(entity);
-    return entity.isVisible() && !(layer && (layer->isOff() || layer->isFrozen()));
-}
-
-std::vector<OdDbObjectId> SelectionFinder::inRectangle(OdGePoint3d const& corner, OdGePoint3d const& opposite,
-                                                       EMode mode) const
-{
-    OdGeExtents2d rectangle;
-    for (OdGePoint3d const& point : {m_worldToUcs * corner, m_worldToUcs * opposite})
-        rectangle.addPoint({point.x, point.y});
     std::vector<OdDbObjectId> found;
-    for (OdDbStub* const stub : spaceEntities(m_database)) {
-        if (stub->erased || !isPickable(entityOf(stub)))
-            continue;
-        RectangleSink sink(rectangle, m_worldToUcs, mode == EMode::kWindow);
-        entityOf(stub).outline(sink);
-        if (sink.isFound())
+    for (OdDbStub* const stub : spaceEntities(m_database))
+        if (isFound(stub, region, mode))
             found.emplace_back(stub);
-    }
     return found;
 }
 
 OdDbObjectId SelectionFinder::at(OdGePoint3d const& point) const
 {
-    OdGePoint3d const center = m_worldToUcs * point;
-    OdGeExtents2d box;
-    box.addPoint({center.x - m_pickRadius, center.y - m_pickRadius});
-    box.addPoint({center.x + m_pickRadius, center.y + m_pickRadius});
-    return lastThat(spaceEntities(m_database), [&](OdDbStub const* stub) {
-        if (stub->erased || !isPickable(entityOf(stub)))
-            return false;
-        RectangleSink sink(box, m_worldToUcs, false);
-        entityOf(stub).outline(sink);
-        return sink.isFound();
-    });
+    OdGePoint2d const center = (m_worldToUcs * point).convert2d();
+    OdGeVector2d const reach(m_pickRadius, m_pickRadius);
+    SelectionRegion const box(m_worldToUcs, OdGeRegion2d::rectangle({center - reach, center + reach}));
+    return lastThat(spaceEntities(m_database),
+                    [&](OdDbStub const* stub) { return isFound(stub, box, EMode::kCrossing); });
 }
 
 std::vector<OdDbObjectId> SelectionFinder::all() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/app/selection_region.h"
 #include "host/db/od_db_entity.h"
 
 #include <vector>
@@ -20,9 +21,9 @@ public:
         kWindow,  ///< wholly inside
         kCrossing ///< inside or touching
     };
-    /// Corners in world coordinates, in any order.
-    std::vector<OdDbObjectId> inRectangle(OdGePoint3d const& corner, OdGePoint3d const& opposite,
-                                          EMode mode) const;
+    /// From the world into the plane of regions.
+    OdGeMatrix3d const& worldToPlane() const { return m_worldToUcs; }
+    std::vector<OdDbObjectId> in(SelectionRegion const& region, EMode mode) const;
     /// The topmost entity within the pick box around a point; null when there is none.
     OdDbObjectId at(OdGePoint3d const& point) const;
     /// All that is not on frozen layers.
@@ -31,8 +32,6 @@ public:
     OdDbObjectId last() const;
 
 private:
-    bool isPickable(OdDbEntity const& entity) const;
-
     OdDbDatabase const& m_database;
     OdGeMatrix3d m_worldToUcs;
     double m_pickRadius; ///< half the side of the pick box, in drawing units

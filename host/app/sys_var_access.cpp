@@ -2,6 +2,7 @@
 
 #include "host/app/ca_app.h"
 #include "host/app/ca_doc.h"
+#include "host/app/ca_ucs_op.h"
 #include "host/app/color_text.h"
 #include "host/app/command_line.h"
 #include "host/app/command_processor.h"
@@ -62,18 +63,18 @@ OdGePoint3d asPoint(OdGeVector3d const& vector)
     return {vector.x, vector.y, vector.z};
 }
 
-std::int16_t colorFromText(OdString const& text)
+constexpr wchar_t const* kTrueColorMark = L"RGB:";
+
+OdCmColor colorFromText(OdString const& text)
 {
-    if (text.equalsNoCase(L"BYLAYER"))
-        return OdCmColor::kByLayer;
-    if (text.equalsNoCase(L"BYBLOCK"))
-        return OdCmColor::kByBlock;
-    std::optional<OdCmColor> const color = parsePaletteColor(text);
+    OdString const mark = kTrueColorMark;
+    bool const isTrueColor = text.left(mark.getLength()).equalsNoCase(mark);
+    std::optional<OdCmColor> const color =
+        isTrueColor ? parseTrueColor(text.mid(mark.getLength())) : parseEntityColor(text);
     if (!color)
-        throw OdError(eOutOfRange,
-                      L"Requires a color: BYLAYER, BYBLOCK, a number between 1 and 255 or the name of "
-                      L"one of the first seven.");
-    return color->colorIndex();
+        throw OdError(eOutOfRange, L"Requires a color: BYLAYER, BYBLOCK, a number between 1 and 255, the name of "
+                                   L"one of the first seven, or RGB:red,green,blue.");
+    return *color;
 }
 
 } // namespace
@@ -133,6 +134,21 @@ SysVarValue hasFileName(CaDoc const* doc)
 SysVarValue isModified(CaDoc const* doc)
 {
     return doc->isModified() ? 1 : 0;
+}
+
+/// Bits of UNDOCTL.
+SysVarValue undoControl(CaDoc const* doc)
+{
+    constexpr int kIsOn = 1, kKeepsOne = 2, kGroupIsOpen = 8, kCombinesViews = 16;
+    UndoControl const& control = doc->undoControl();
+    return (control.limit == EUndoLimit::kNone ? 0 : kIsOn) | (control.limit == EUndoLimit::kOne ? kKeepsOne : 0) |
+           (doc->database()->undoLog().isGroupOpen() ? kGroupIsOpen : 0) |
+           (control.combinesViews ? kCombinesViews : 0);
+}
+
+SysVarValue undoMarks(CaDoc const* doc)
+{
+    return doc->database()->undoLog().marks();
 }
 
 SysVarValue isWritable(CaDoc const* doc)
@@ -196,19 +212,29 @@ SysVarValue ucsYAxis(CaDoc const* doc)
     return asPoint(Ucs(doc).yAxis);
 }
 
+SysVarValue ucsName(CaDoc const* doc)
+{
+    return currentUcsName(*doc);
+}
+
+SysVarValue isWorldUcs(CaDoc const* doc)
+{
+    return oa::ucsToWorld(doc->database()) == OdGeMatrix3d::kIdentity ? 1 : 0;
+}
+
 SysVarValue currentColor(CaDoc const* doc)
 {
-    std::int64_t const index = doc->database()->header().integer("CECOLOR", OdCmColor::kByLayer);
-    if (index == OdCmColor::kByLayer)
+    OdCmColor const color = doc->database()->getCECOLOR();
+    if (color.isByLayer())
         return OdString(L"BYLAYER");
-    if (index == OdCmColor::kByBlock)
+    if (color.isByBlock())
         return OdString(L"BYBLOCK");
-    return odFormat(L"%lld", static_cast<long long>(index));
+    return color.isTrueColor() ? kTrueColorMark + colorText(color) : odFormat(L"%d", color.colorIndex());
 }
 
 void setCurrentColor(CaDoc* doc, SysVarValue const& value)
 {
-    doc->database()->setHeaderInteger("CECOLOR", 62, colorFromText(std::get<OdString>(value)));
+    doc->database()->setCECOLOR(colorFromText(std::get<OdString>(value)));
 }
 
 SysVarValue currentRecord(CaDoc const* doc, OdDbTableKind kind)

@@ -23,6 +23,8 @@ SysVarValue drawingName(CaDoc const* doc);
 SysVarValue drawingFolder(CaDoc const* doc);
 SysVarValue hasFileName(CaDoc const* doc);
 SysVarValue isModified(CaDoc const* doc);
+SysVarValue undoControl(CaDoc const* doc);
+SysVarValue undoMarks(CaDoc const* doc);
 SysVarValue isWritable(CaDoc const* doc);
 SysVarValue lastPoint(CaDoc const* doc);
 void setLastPoint(CaDoc* doc, SysVarValue const& value);
@@ -38,6 +40,8 @@ SysVarValue extentsMax(CaDoc const* doc);
 SysVarValue ucsOrigin(CaDoc const* doc);
 SysVarValue ucsXAxis(CaDoc const* doc);
 SysVarValue ucsYAxis(CaDoc const* doc);
+SysVarValue ucsName(CaDoc const* doc);
+SysVarValue isWorldUcs(CaDoc const* doc);
 SysVarValue currentColor(CaDoc const* doc);
 void setCurrentColor(CaDoc* doc, SysVarValue const& value);
 /// Name of the current record of a table.

@@ -1,6 +1,8 @@
 // Variables that live in the viewport of the screen: the view, snap and grid.
 #include "host/app/ca_doc.h"
+#include "host/app/screen_view.h"
 #include "host/app/sys_var_access.h"
+#include "host/db/oa_space.h"
 #include "host/db/records/od_db_viewport_table_record.h"
 
 namespace ca::sysVarAccess {
@@ -16,6 +18,11 @@ OdDbViewportTableRecordPtr viewport(CaDoc const* doc, OdDb::OpenMode mode = OdDb
 OdDbViewportTableRecordPtr editViewport(CaDoc const* doc)
 {
     return viewport(doc, OdDb::kForWrite);
+}
+
+OdGeMatrix3d worldToUcs(CaDoc const* doc)
+{
+    return oa::ucsToWorld(doc->database()).inverse();
 }
 
 /// Degrees as they were given: what the way over radians added to the last digits is taken off.
@@ -42,8 +49,8 @@ OdGeVector2d asVector(SysVarValue const& value)
 
 SysVarValue viewCenter(CaDoc const* doc)
 {
-    OdGePoint2d const center = viewport(doc)->centerPoint();
-    return OdGePoint3d(center.x, center.y, 0);
+    ScreenView const view = screenView(*doc->database());
+    return worldToUcs(doc) * (view.displayToWorld() * OdGePoint3d(view.center.x, view.center.y, 0));
 }
 
 SysVarValue viewHeight(CaDoc const* doc)
@@ -53,13 +60,12 @@ SysVarValue viewHeight(CaDoc const* doc)
 
 SysVarValue viewDirection(CaDoc const* doc)
 {
-    OdGeVector3d const direction = viewport(doc)->viewDirection();
-    return OdGePoint3d(direction.x, direction.y, direction.z);
+    return OdGePoint3d::kOrigin + worldToUcs(doc) * viewport(doc)->viewDirection();
 }
 
 SysVarValue viewTarget(CaDoc const* doc)
 {
-    return viewport(doc)->target();
+    return worldToUcs(doc) * viewport(doc)->target();
 }
 
 SysVarValue viewTwist(CaDoc const* doc)

@@ -6,7 +6,7 @@
 #include "host/app/commands/layer_options.h"
 #include "host/app/line_weight.h"
 #include "host/app/name_list.h"
-#include "host/app/selection_finder.h"
+#include "host/app/pick_entity.h"
 #include "host/db/od_db_database.h"
 
 namespace ca {
@@ -107,14 +107,6 @@ Task<> makeLayer(Editor& editor)
     makeCurrent(editor, id);
 }
 
-/// The entity that one answer of a selection means; null when there is none.
-OdDbObjectId entityOf(Editor& editor, Answer const& answer)
-{
-    if (!answer.selection.isNull())
-        return answer.selection->numEntities() > 0 ? answer.selection->at(0) : OdDbObjectId();
-    return answer.entity.isNull() ? SelectionFinder(editor.doc()).at(answer.point) : answer.entity;
-}
-
 Task<> setLayer(Editor& editor)
 {
     Answer const answer =
@@ -123,12 +115,9 @@ Task<> setLayer(Editor& editor)
         makeCurrent(editor, layerNamed(editor, answer.text));
         co_return;
     }
-    Answer const picked =
-        co_await editor.selection(Prompt(L"Select an object whose layer will become the current layer"));
-    OdDbObjectId const id = entityOf(editor, picked);
-    if (id.isErased())
-        throw AnswerRejected(L"No object found.");
-    makeCurrent(editor, id.open<OdDbEntity>()->layerId());
+    PickedEntity const picked =
+        co_await pickEntity(editor, Prompt(L"Select an object whose layer will become the current layer"));
+    makeCurrent(editor, picked.id.open<OdDbEntity>()->layerId());
 }
 
 Task<> newLayers(Editor& editor)

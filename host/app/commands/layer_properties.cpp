@@ -1,4 +1,5 @@
 #include "host/app/color_text.h"
+#include "host/app/commands/ask_color.h"
 #include "host/app/commands/layer_options.h"
 #include "host/app/keywords.h"
 #include "host/app/line_weight.h"
@@ -18,15 +19,6 @@ struct Change
     OdString forWhat; ///< "color 1 (red)"
     std::function<void(OdDbLayerTableRecord&)> apply;
 };
-
-Task<OdCmColor> askTrueColor(Editor& editor)
-{
-    Answer const answer = co_await editor.text(Prompt(L"Red,Green,Blue"));
-    std::optional<OdCmColor> const color = parseTrueColor(answer.text);
-    if (!color)
-        throw AnswerRejected(L"Requires three numbers between 0 and 255, separated by commas.");
-    co_return *color;
-}
 
 Task<Change> askColor(Editor& editor)
 {

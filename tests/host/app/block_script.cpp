@@ -36,7 +36,7 @@ OdString describe(OdDbBlockReference const& reference)
     OdString text = reference.blockTableRecord().open<OdDbBlockTableRecord>()->getName() + L" " +
                     point(reference.position()) + L" s" + point({scale.sx, scale.sy, scale.sz}) + L" r" +
                     number(odgeToDegrees(reference.rotation()));
-    for (OdDbObjectIterator it = reference.attributeIterator(); !it.done(); it.step())
+    for (OdDbPartIterator it = reference.attributeIterator(); !it.done(); it.step())
         text += L" " + describe(*it.objectId().open<OdDbAttribute>());
     return text;
 }

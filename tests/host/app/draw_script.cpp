@@ -11,8 +11,11 @@
 #include "host/db/entities/od_db_polyline.h"
 #include "host/db/entities/od_db_text.h"
 #include "host/db/od_db_database.h"
+#include "host/db/od_db_property_sink.h"
 #include "host/db/records/od_db_block_table_record.h"
+#include "host/dxf/dxf_file.h"
 #include "host/sds/ca_resbuf.h"
+#include "host/ut/ut_text.h"
 
 #include <cppunit/TestAssert.h>
 
@@ -92,7 +95,10 @@ OdString describe(OdDbText const& text)
     if (!text.isDefaultAlignment())
         line +=
             odFormat(L" j%d/%d", static_cast<int>(text.horizontalMode()), static_cast<int>(text.verticalMode()));
-    return text.widthFactor() == 1 ? line : line + L" x" + number(text.widthFactor());
+    if (text.widthFactor() != 1)
+        line += L" x" + number(text.widthFactor());
+    line += text.isMirroredInX() ? L" mirrored in x" : L"";
+    return text.isMirroredInY() ? line + L" mirrored in y" : line;
 }
 
 template <class T>
@@ -104,19 +110,57 @@ bool describeAs(OdDbEntity const& entity, OdString& text)
     return object != nullptr;
 }
 
+/// What an entity lists, in one line.
+class ListedText : public OdDbPropertySink
+{
+public:
+    explicit ListedText(OdDbEntity const& entity) : m_text(OdString::fromUtf8(entity.dxfName()))
+    {
+        entity.listProperties(*this);
+    }
+    OdString const& text() const { return m_text; }
+
+    void point(wchar_t const* name, OdGePoint3d const& value) override { add(name, ::point(value)); }
+    void vector(wchar_t const* name, OdGeVector3d const& value) override { point(name, OdGePoint3d() + value); }
+    void distance(wchar_t const* name, double value) override { add(name, ::number(value)); }
+    void area(wchar_t const* name, double value) override { add(name, ::number(value)); }
+    void angle(wchar_t const* name, double radians) override { add(name, degrees(radians)); }
+    void number(wchar_t const* name, double value) override { add(name, ::number(value)); }
+    void count(wchar_t const* name, long long value) override { add(name, odFormat(L"%lld", value)); }
+    void text(wchar_t const* name, OdString const& value) override { add(name, value); }
+    void flag(wchar_t const* name, bool value) override { add(name, value ? L"yes" : L"no"); }
+    void reference(wchar_t const* name, OdDbObjectId value) override
+    {
+        auto const* const record = value.isValid() ? odCast<OdDbSymbolTableRecord>(value.stub()->object) : nullptr;
+        add(name, record ? record->getName() : OdString(L"-"));
+    }
+    void part(wchar_t const* name, int number) override { m_text += odFormat(L" %ls %d:", name, number); }
+
+private:
+    void add(wchar_t const* name, OdString const& value) { m_text += OdString(L" ") + name + L" " + value; }
+
+    OdString m_text;
+};
+
 OdString describeEntity(OdDbEntity const& entity)
 {
     OdString text;
     bool const isKnown = describeAs<OdDbLine>(entity, text) || describeAs<OdDbPoint>(entity, text) ||
                          describeAs<OdDbCircle>(entity, text) || describeAs<OdDbArc>(entity, text) ||
                          describeAs<OdDbPolyline>(entity, text) || describeAs<OdDbText>(entity, text);
-    CPPUNIT_ASSERT_MESSAGE("entity of a class that no command here draws", isKnown);
-    return text;
+    return isKnown ? text : ListedText(entity).text();
 }
 
 void assertEqual(OdString const& script, OdString const& expected, OdString const& actual)
 {
     CPPUNIT_ASSERT_EQUAL_MESSAGE(script.toUtf8(), expected.toUtf8(), actual.toUtf8());
+}
+
+void assertDrawn(OdString const& script, OdString const& expected, OdString const& actual)
+{
+    bool const isPattern = expected.find(L'*') != std::wstring::npos;
+    if (!isPattern || !ut::matchesWildcard(actual.str(), expected.str()))
+        assertEqual(script, expected, actual);
 }
 
 } // namespace
@@ -172,6 +216,11 @@ OdString DrawScriptTest::drawn()
     return all;
 }
 
+std::string DrawScriptTest::bytes()
+{
+    return dxf::writeBytes(db(), {});
+}
+
 OdString DrawScriptTest::lastPrompt()
 {
     return ca::app()->commandLine().lastPrompt();
@@ -182,14 +231,21 @@ void DrawScriptTest::checkDrawn(std::span<DrawnCase const> cases)
     for (DrawnCase const& each : cases) {
         renew();
         std::string const script = OdString(each.script).toUtf8();
+        std::string const before = bytes();
         CPPUNIT_ASSERT_EQUAL_MESSAGE(script + ": " + lastPrompt().toUtf8(), int(RTNORM), feed(each.script));
         CPPUNIT_ASSERT_MESSAGE(script + " leaves a command", ca::CommandProcessor::get().isIdle());
-        assertEqual(each.script, each.drawn, drawn());
+        assertDrawn(each.script, each.drawn, drawn());
+        std::string const after = bytes();
         for (int i = 0; i < each.commands; ++i) {
             CPPUNIT_ASSERT_MESSAGE(script + ": gone before the last U", !drawn().isEmpty());
             feed(L"U");
         }
         assertEqual(each.script, L"", drawn());
+        CPPUNIT_ASSERT_MESSAGE(script + ": U left traces", bytes() == before);
+        for (int i = 0; i < each.commands; ++i)
+            CPPUNIT_ASSERT_EQUAL(int(RTNORM), feed(L"REDO"));
+        assertDrawn(each.script, each.drawn, drawn());
+        CPPUNIT_ASSERT_MESSAGE(script + ": REDO did not bring all again", bytes() == after);
     }
 }
 

@@ -19,7 +19,7 @@ protected:
     struct DrawnCase
     {
         wchar_t const* script;
-        wchar_t const* drawn; ///< as drawn() gives it
+        wchar_t const* drawn; ///< as drawn() gives it; "*" stands for any text
         int commands = 1;     ///< how often U has to run until nothing is left
     };
     struct RefusedCase
@@ -33,7 +33,8 @@ protected:
         wchar_t const* prompt;
     };
 
-    /// Each script in a new drawing; then one U for each command takes everything back.
+    /// Each script in a new drawing. Then one U for each command takes everything back, to the bytes of the saved
+    /// drawing, and one REDO for each brings it all again.
     void checkDrawn(std::span<DrawnCase const> cases);
     /// The last answer is refused with the message, and no command waits any more.
     void checkRefused(std::span<RefusedCase const> cases);
@@ -41,10 +42,13 @@ protected:
 
     static int feed(OdString const& script);
     /// One text for each entity of model space, separated by "; ". Numbers are rounded to 4 decimals, z is left
-    /// out where it is 0, the normal where it is (0, 0, 1), angles are degrees.
+    /// out where it is 0, the normal where it is (0, 0, 1), angles are degrees. Classes without a text of their own
+    /// show what they list: "ELLIPSE center 0,0 major axis 5,0 ...".
     static OdString drawn();
     static OdString lastPrompt();
     static OdDbDatabase& db();
+    /// The current drawing as it would be saved.
+    static std::string bytes();
 
 private:
     void renew();

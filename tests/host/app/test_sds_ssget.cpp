@@ -13,6 +13,7 @@ class TestSdsSsget : public DrawScriptTest
 {
     CPPUNIT_TEST_SUITE(TestSdsSsget);
     CPPUNIT_TEST(findsByMode);
+    CPPUNIT_TEST(findsByListsOfPoints);
     CPPUNIT_TEST(findsByFilter);
     CPPUNIT_TEST(refusesAndChangesNothing);
     CPPUNIT_TEST_SUITE_END();
@@ -21,7 +22,7 @@ class TestSdsSsget : public DrawScriptTest
     static constexpr double s_high[] = {11, 1, 0};
 
     /// Number of entities found, or the status when it is an error.
-    static std::int64_t found(wchar_t const* mode, double const* pt1 = nullptr, double const* pt2 = nullptr,
+    static std::int64_t found(wchar_t const* mode, void const* pt1 = nullptr, double const* pt2 = nullptr,
                               sds_resbuf* filter = nullptr)
     {
         ca::RbListPtr const owner(filter);
@@ -59,6 +60,30 @@ public:
         feed(L"-LAYER|F|Walls|");
         CPPUNIT_ASSERT_EQUAL(std::int64_t(2), found(L"A"));
         CPPUNIT_ASSERT_EQUAL(std::int64_t(4), found(L"X"));
+    }
+
+    void findsByListsOfPoints()
+    {
+        auto const list = [](std::initializer_list<OdGePoint3d> points) {
+            ca::RbListPtr chain;
+            for (auto it = std::rbegin(points); it != std::rend(points); ++it) {
+                sds_resbuf* const node = ca::allocRb(*it);
+                node->rbnext = chain.release();
+                chain.reset(node);
+            }
+            return chain;
+        };
+        ca::RbListPtr const triangle = list({{-1, -1, 0}, {12, -1, 0}, {5.5, 1.5, 0}});
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(1),
+                             found(L"WP", triangle.get())); // the point; the line's ends reach out
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(3), found(L"_cp", triangle.get()));
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(2),
+                             found(L"F", list({{4, 10, 0}, {7, 10, 0}, {100, 70, 0}, {100, 80, 0}}).get()));
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(RTERROR), found(L"CP", list({{-1, -1, 0}, {12, -1, 0}}).get()));
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(RTERROR), found(L"F", list({{-1, -1, 0}}).get()));
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(RTERROR), found(L"F"));
+        ca::RbListPtr const text(ca::allocRb(L"0,0"));
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(RTERROR), found(L"F", text.get()));
     }
 
     void findsByFilter()

@@ -7,19 +7,13 @@
 #include "host/db/od_db_database.h"
 #include "host/db/records/od_db_block_table_record.h"
 #include "host/sds/sds_names.h"
-#include "tests/host/app/draw_script.h"
+#include "tests/host/app/selection_script.h"
 
 #include <cppunit/extensions/HelperMacros.h>
 
 namespace {
 
-struct SelectionCase
-{
-    wchar_t const* answers;
-    char const* selected; ///< letters of the entities, in order of selection
-};
-
-class TestSelection : public DrawScriptTest
+class TestSelection : public SelectionScriptTest
 {
     CPPUNIT_TEST_SUITE(TestSelection);
     CPPUNIT_TEST(windowsWantEverythingInside);
@@ -267,44 +261,7 @@ public:
     }
 
 private:
-    static std::vector<OdDbObjectId> entities()
-    {
-        std::vector<OdDbObjectId> ids;
-        auto const space = db().getModelSpaceId().open<OdDbBlockTableRecord>();
-        for (OdDbObjectIterator it = space->newIterator(); !it.done(); it.step())
-            ids.push_back(it.objectId());
-        return ids;
-    }
     static SdsName name(std::size_t index) { return ca::nameOf(entities()[index]); }
-
-    /// Letters by place in the space; those of erased entities count too, so that others keep theirs.
-    static std::string letters()
-    {
-        OdDbSelectionSetPtr const set = ca::curDoc()->previousSelection();
-        auto const space = db().getModelSpaceId().open<OdDbBlockTableRecord>();
-        std::vector<OdDbStub*> const& all = space->entities();
-        std::string text;
-        for (OdDbObjectId const id : set.isNull() ? std::vector<OdDbObjectId>() : set->objectIds())
-            text += static_cast<char>('a' + (std::find(all.begin(), all.end(), id.stub()) - all.begin()));
-        return text;
-    }
-
-    /// The line above the open prompt.
-    static std::string messageBefore() { return ca::app()->commandLine().lines().back().toUtf8(); }
-
-    static void check(std::vector<SelectionCase> const& cases)
-    {
-        for (SelectionCase const& each : cases) {
-            OdDbSelectionSetPtr const before = ca::curDoc()->previousSelection();
-            OdString const script = OdString(L"COPY|") + each.answers + L"|";
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(script.toUtf8() + ": " + lastPrompt().toUtf8(), int(RTNORM),
-                                         feed(script));
-            bool const isFound = ca::curDoc()->previousSelection().get() != before.get();
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(script.toUtf8(), std::string(each.selected),
-                                         isFound ? letters() : std::string());
-            sds_cmd(nullptr);
-        }
-    }
 };
 
 CPPUNIT_TEST_SUITE_REGISTRATION(TestSelection);
