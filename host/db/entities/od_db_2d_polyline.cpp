@@ -117,7 +117,7 @@ void OdDb2dPolyline::copyPartsOf(OdDbObject const& source)
 
 OdGeVector3d OdDb2dPolyline::planeNormal() const
 {
-    return odDbSaneNormal(m_normal);
+    return odDbSaneNormal(m_normal).normal();
 }
 
 OdGeMatrix3d OdDb2dPolyline::verticesToWorld() const
@@ -154,6 +154,6 @@ void OdDb2dPolyline::listProperties(OdDbPropertySink& sink) const
 void OdDb2dPolyline::audit(OdDbAuditInfo& info) const
 {
     OdDbVertexSequence::audit(info);
-    if (visibleVertices().empty())
+    if (visibleChain().vertices.empty())
         info.reportUseless(*this, numParts() == 0 ? L"it has no vertices" : L"it has no vertices that are shown");
 }

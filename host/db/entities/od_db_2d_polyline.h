@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/db/entities/od_db_2d_vertex.h"
+#include "host/db/entities/od_db_bulge_chain.h"
 #include "host/db/entities/od_db_curve.h"
-#include "host/db/entities/od_db_wide_outline.h"
 
 namespace OdDb {
 enum Poly2dType
@@ -92,8 +92,7 @@ private:
     static constexpr std::int16_t kLinetypeGenerationFlag = 128;
 
     /// What makes up the curve.
-    std::vector<OdDbWideVertex> visibleVertices() const;
-    bool needsShape() const;
+    OdDbBulgeChain visibleChain() const;
     /// Flags and normal as this one, without vertices, simple.
     OdSmartPtr<OdDb2dPolyline> emptyLike() const;
     /// The vertices that were not made by fitting, without what fitting did to them.

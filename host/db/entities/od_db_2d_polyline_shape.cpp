@@ -1,61 +1,50 @@
 // The curve of a 2D polyline, and what is made of it.
 #include "host/db/entities/od_db_2d_polyline.h"
-#include "host/db/entities/od_db_arc.h"
 #include "host/db/entities/od_db_extruded_outline.h"
-#include "host/db/entities/od_db_line.h"
 #include "host/db/entities/od_db_transform.h"
 #include "host/geom/curves/od_ge_segment_chain3d.h"
-#include "host/geom/od_ge_bulge.h"
 
-std::vector<OdDbWideVertex> OdDb2dPolyline::visibleVertices() const
+OdDbBulgeChain OdDb2dPolyline::visibleChain() const
 {
+    OdDbBulgeChain chain{{}, isClosed(), elevation(), odDbSaneNormal(m_normal)};
     bool const hidesFrame = hasFlag(kSplineFitFlag);
-    std::vector<OdDbWideVertex> vertices;
     for (auto it = vertexIterator(); !it.done(); it.step()) {
         auto const& vertex = static_cast<OdDb2dVertex const&>(it.peek());
         if (!hidesFrame || !vertex.isControlVertex())
-            vertices.push_back({vertex.position().convert2d(), vertex.bulge(),
-                                vertex.startWidthOr(defaultStartWidth()), vertex.endWidthOr(defaultEndWidth())});
+            chain.vertices.push_back({vertex.position().convert2d(), vertex.bulge(),
+                                      vertex.startWidthOr(defaultStartWidth()),
+                                      vertex.endWidthOr(defaultEndWidth())});
     }
-    return vertices;
+    return chain;
 }
 
 std::unique_ptr<OdGeCurve3d> OdDb2dPolyline::getOdGeCurve() const
 {
-    std::vector<OdDbWideVertex> const vertices = visibleVertices();
-    if (vertices.size() < 2)
+    OdDbBulgeChain const chain = visibleChain();
+    if (chain.numSegments() == 0)
         return nullptr;
     std::vector<OdGePoint2d> points;
     std::vector<double> bulges;
-    for (OdDbWideVertex const& vertex : vertices) {
+    for (OdDbBulgeChain::Vertex const& vertex : chain.vertices) {
         points.push_back(vertex.point);
         bulges.push_back(vertex.bulge);
     }
-    return std::make_unique<OdGeSegmentChain3d>(std::move(points), std::move(bulges), isClosed(), planeNormal(),
-                                                elevation());
+    return std::make_unique<OdGeSegmentChain3d>(std::move(points), std::move(bulges), chain.isClosed, chain.normal,
+                                                chain.elevation);
 }
 
 void OdDb2dPolyline::outline(OdDbOutlineSink& sink) const
 {
-    std::vector<OdDbWideVertex> const vertices = visibleVertices();
-    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness), [&](OdDbOutlineSink& flat) {
-        odDbOutlineWide(flat, vertices, isClosed(), verticesToWorld(), elevation());
-    });
-}
-
-/// Some segment is an arc or has a width: not every affine image of it can be told.
-bool OdDb2dPolyline::needsShape() const
-{
-    std::vector<OdDbWideVertex> const vertices = visibleVertices();
-    return std::any_of(vertices.begin(), vertices.end(), [](OdDbWideVertex const& vertex) {
-        return vertex.bulge != 0 || vertex.startWidth > 0 || vertex.endWidth > 0;
-    });
+    OdDbBulgeChain const chain = visibleChain();
+    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness),
+                        [&chain](OdDbOutlineSink& flat) { chain.outline(flat); });
 }
 
 OdResult OdDb2dPolyline::transformBy(OdGeMatrix3d const& transformation)
 {
     auto const plane = OdDbPlaneTransform::make(transformation, m_normal);
-    if (!plane || (!plane->keepsShape() && needsShape()) || (m_thickness != 0 && !plane->keepsExtrusion()))
+    if (!plane || (!plane->keepsShape() && visibleChain().hasBulgesOrWidths()) ||
+        (m_thickness != 0 && !plane->keepsExtrusion()))
         return eDegenerateGeometry;
     assertWriteEnabled();
     moveVertices(*plane);
@@ -90,39 +79,12 @@ OdResult OdDb2dPolyline::moveStretchPointsAt(std::span<int const> indices, OdGeV
 
 OdResult OdDb2dPolyline::explode(std::vector<OdDbEntityPtr>& pieces) const
 {
-    std::vector<OdDbWideVertex> const vertices = visibleVertices();
-    std::size_t const count = vertices.size();
-    if (count < 2)
-        return eDegenerateGeometry;
-    OdGeVector3d const normal = planeNormal();
-    OdGeMatrix3d const toWorld = verticesToWorld();
-    std::vector<OdDbEntityPtr> made;
-    auto const world = [&](OdGePoint2d const& at) { return toWorld * OdGePoint3d(at.x, at.y, elevation()); };
-    auto const add = [&](auto const& piece) {
-        piece->setNormal(normal);
-        piece->setThickness(m_thickness);
+    std::vector<OdDbEntityPtr> const made = visibleChain().explode(m_thickness);
+    for (OdDbEntityPtr const& piece : made) {
         piece->setPropertiesFrom(*this);
-        made.push_back(piece);
-    };
-    for (std::size_t i = 0; i < (isClosed() ? count : count - 1); ++i) {
-        OdGePoint2d const& to = vertices[i + 1 == count ? 0 : i + 1].point;
-        auto const data = odgeArcFromBulge(vertices[i].point, to, vertices[i].bulge);
-        if (!data) {
-            add(OdDbLinePtr(new OdDbLine(world(vertices[i].point), world(to))));
-            continue;
-        }
-        if (!std::isfinite(data->radius) || !(data->radius > 0))
-            return eDegenerateGeometry;
-        OdDbArcPtr const arc(new OdDbArc);
-        arc->setNormal(normal);
-        arc->setCenter(world(data->center));
-        arc->setRadius(data->radius);
-        arc->setStartAngle(data->isClockwise ? data->endAngle : data->startAngle);
-        arc->setEndAngle(data->isClockwise ? data->startAngle : data->endAngle);
-        add(arc);
+        pieces.push_back(piece);
     }
-    pieces.insert(pieces.end(), made.begin(), made.end());
-    return eOk;
+    return made.empty() ? eDegenerateGeometry : eOk;
 }
 
 OdResult OdDb2dPolyline::reverseCurve()
@@ -169,7 +131,7 @@ OdDbEntityPtr OdDb2dPolyline::offsetEntity(OdGeCurve3d const& curve) const
 
 OdDbEntityPtr OdDb2dPolyline::pieceOf(OdGeCurve3d const& curve, double from, double to) const
 {
-    std::vector<OdDbWideVertex> const vertices = visibleVertices();
+    std::vector<OdDbBulgeChain::Vertex> const vertices = visibleChain().vertices;
     OdDb2dPolylinePtr const made = emptyLike();
     auto const place = [&](double param) {
         double const end = curve.getInterval().upper;
@@ -178,7 +140,7 @@ OdDbEntityPtr OdDb2dPolyline::pieceOf(OdGeCurve3d const& curve, double from, dou
     for (double at = from; at < to;) {
         double const segment = std::floor(at);
         double const next = std::min(segment + 1, to);
-        OdDbWideVertex const& vertex = vertices[static_cast<std::size_t>(segment) % vertices.size()];
+        OdDbBulgeChain::Vertex const& vertex = vertices[static_cast<std::size_t>(segment) % vertices.size()];
         auto const width = [&](double param) {
             return vertex.startWidth + (vertex.endWidth - vertex.startWidth) * (param - segment);
         };

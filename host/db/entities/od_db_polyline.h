@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/db/entities/od_db_bulge_chain.h"
 #include "host/db/entities/od_db_curve.h"
 #include "host/db/entities/od_db_plane_transform.h"
 #include "host/geom/od_ge_arc_data2d.h"
@@ -101,14 +102,9 @@ private:
     /// For writing: checks the index, then calls assertWriteEnabled().
     Vertex& editVertex(unsigned index);
     Vertex const& nextVertex(unsigned index) const { return m_vertices[index + 1 == numVerts() ? 0 : index + 1]; }
-    /// The arc of a segment in the plane; nothing for a straight one and for one that is too large for numbers.
-    std::optional<OdGeArcData2d> arcOf(unsigned index) const;
     OdGePoint3d inPlane(OdGePoint2d const& point) const { return {point.x, point.y, m_elevation}; }
     void setFlag(std::int16_t flag, bool on);
-    void outlineSegment(unsigned index, OdGeMatrix3d const& toWorld, OdDbOutlineSink& sink) const;
-    void outlineFlat(OdDbOutlineSink& sink) const;
-    /// The entity of a segment, without properties.
-    OdDbEntityPtr segmentEntity(unsigned index) const;
+    OdDbBulgeChain chain() const;
     /// Plane, thickness and linetype generation of another one.
     void takeFrame(OdDbPolyline const& other);
     /// Widths other than the constant one: from then on every vertex has its own.

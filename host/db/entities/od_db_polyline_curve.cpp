@@ -1,11 +1,9 @@
 // The polyline as a curve, and the entities that come of it.
-#include "host/db/entities/od_db_arc.h"
-#include "host/db/entities/od_db_line.h"
+#include "host/db/entities/od_db_extruded_outline.h"
 #include "host/db/entities/od_db_polyline.h"
 #include "host/db/entities/od_db_transform.h"
 #include "host/geom/curves/od_ge_bulge_segment.h"
 #include "host/geom/curves/od_ge_segment_chain3d.h"
-#include "host/geom/od_ge_bulge.h"
 
 unsigned OdDbPolyline::numSegments() const
 {
@@ -87,40 +85,28 @@ OdDbEntityPtr OdDbPolyline::offsetEntity(OdGeCurve3d const& curve) const
     return made;
 }
 
-std::optional<OdGeArcData2d> OdDbPolyline::arcOf(unsigned index) const
+OdDbBulgeChain OdDbPolyline::chain() const
 {
-    Vertex const& from = m_vertices[index];
-    auto const arc = odgeArcFromBulge(from.point, nextVertex(index).point, from.bulge);
-    bool const isUsable =
-        arc && std::isfinite(arc->radius) && std::isfinite(arc->center.x) && std::isfinite(arc->center.y);
-    return isUsable ? arc : std::nullopt;
+    OdDbBulgeChain chain{{}, isClosed(), m_elevation, odDbSaneNormal(m_normal)};
+    chain.vertices.reserve(numVerts());
+    for (unsigned i = 0; i < numVerts(); ++i)
+        chain.vertices.push_back({m_vertices[i].point, m_vertices[i].bulge, getStartWidthAt(i), getEndWidthAt(i)});
+    return chain;
 }
 
-OdDbEntityPtr OdDbPolyline::segmentEntity(unsigned index) const
+void OdDbPolyline::outline(OdDbOutlineSink& sink) const
 {
-    OdGeMatrix3d const toWorld = odDbPlaneToWorld(m_normal);
-    Vertex const& from = m_vertices[index];
-    Vertex const& to = nextVertex(index);
-    if (auto const data = arcOf(index)) {
-        OdDbArcPtr const arc(new OdDbArc(toWorld * inPlane(data->center), data->radius,
-                                         data->isClockwise ? data->endAngle : data->startAngle,
-                                         data->isClockwise ? data->startAngle : data->endAngle, planeNormal()));
-        arc->setThickness(m_thickness);
-        return arc;
-    }
-    OdDbLinePtr const line(new OdDbLine(toWorld * inPlane(from.point), toWorld * inPlane(to.point)));
-    line->setNormal(planeNormal());
-    line->setThickness(m_thickness);
-    return line;
+    OdDbBulgeChain const whole = chain();
+    odDbOutlineExtruded(sink, odDbExtrusion(m_normal, m_thickness),
+                        [&whole](OdDbOutlineSink& flat) { whole.outline(flat); });
 }
 
 OdResult OdDbPolyline::explode(std::vector<OdDbEntityPtr>& pieces) const
 {
-    if (numSegments() == 0)
-        return eDegenerateGeometry;
-    for (unsigned i = 0; i < numSegments(); ++i) {
-        pieces.push_back(segmentEntity(i));
-        pieces.back()->setPropertiesFrom(*this);
+    std::vector<OdDbEntityPtr> const made = chain().explode(m_thickness);
+    for (OdDbEntityPtr const& piece : made) {
+        piece->setPropertiesFrom(*this);
+        pieces.push_back(piece);
     }
-    return eOk;
+    return made.empty() ? eDegenerateGeometry : eOk;
 }

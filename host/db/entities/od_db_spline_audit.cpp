@@ -20,6 +20,11 @@ bool areUsable(std::vector<double> const& weights, std::size_t count)
            std::ranges::all_of(weights, [](double weight) { return weight > 0 && std::isfinite(weight); });
 }
 
+bool areAtOnePlace(std::vector<OdGePoint3d> const& points)
+{
+    return std::ranges::all_of(points, [&](OdGePoint3d const& point) { return point.isEqualTo(points.front()); });
+}
+
 /// Keeps of the definition what can be used; there are two control points at least.
 Definition mended(Definition definition)
 {
@@ -49,8 +54,11 @@ void OdDbSpline::mend()
 void OdDbSpline::audit(OdDbAuditInfo& info) const
 {
     OdDbCurve::audit(info);
-    if (m_controlPoints.size() < 2 && !curveThroughFitPoints())
-        return info.reportUseless(*this, L"its points make no curve");
+    if (m_controlPoints.size() < 2 && !curveThroughFitPoints()) {
+        bool const showsLines = !areAtOnePlace(m_fitPoints);
+        return showsLines ? info.report(*this, L"no curve can be made through its fit points")
+                          : info.reportUseless(*this, L"its points make no curve");
+    }
     OdString const problem = m_controlPoints.empty() ? OdString() : definition().problem();
     bool const isJustPeriod = usableDefinition().problem().isEmpty();
     // Programs call closed curves periodic, too, whose knots are not.

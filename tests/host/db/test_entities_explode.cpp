@@ -46,7 +46,7 @@ class ExplodeReferenceTest : public BlockFixture
     CPPUNIT_TEST(referencesWithin);
     CPPUNIT_TEST(refusals);
     CPPUNIT_TEST(nothingIsLostSilently);
-    CPPUNIT_TEST(stretchingAndListing);
+    CPPUNIT_TEST(stretching);
     CPPUNIT_TEST_SUITE_END();
 
     static Pieces piecesOf(OdDbBlockReference const& reference)
@@ -240,7 +240,7 @@ class ExplodeReferenceTest : public BlockFixture
         assertRefused(eSelfReference, *reference);
     }
 
-    void stretchingAndListing()
+    void stretching()
     {
         auto const reference = insert(*modelSpace(), *sampleBlock(), {1, 2, 3});
         std::vector<OdGePoint3d> points;

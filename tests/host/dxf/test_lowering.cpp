@@ -13,6 +13,7 @@ class LoweringTest : public CppUnit::TestFixture
 {
     CPPUNIT_TEST_SUITE(LoweringTest);
     CPPUNIT_TEST(formOfR12);
+    CPPUNIT_TEST(kindsOfPolylines);
     CPPUNIT_TEST(lateGroups);
     CPPUNIT_TEST(usualValuesAreNotTold);
     CPPUNIT_TEST(classesOfOtherReleases);
@@ -46,6 +47,28 @@ class LoweringTest : public CppUnit::TestFixture
         for (char const* const part :
              {"\n100\n", "\n102\n", "\n330\n", "CLASSES", "OBJECTS", "BLOCK_RECORD", "*Model"})
             CPPUNIT_ASSERT_MESSAGE(part, !file.has(part));
+    }
+
+    /// Without markers the flags alone say what a polyline is, also where they did not before.
+    void kindsOfPolylines()
+    {
+        std::string const content = "10\n0\n20\n0\n30\n0\n70\n17\n";
+        auto const asR12 = [&](std::string const& whole, std::string const& part) {
+            return loweredEntities(entity("POLYLINE", "A0", "100\n" + whole + "\n66\n1\n" + content) +
+                                       entity("VERTEX", "A1", "100\nAcDbVertex\n100\n" + part + "\n" + content) +
+                                       "0\nSEQEND\n5\nA2\n100\nAcDbEntity\n8\n0\n",
+                                   ERelease::kR12)
+                .between("POLYLINE\n  5\nA0", "SEQEND");
+        };
+        CPPUNIT_ASSERT_EQUAL(std::string("POLYLINE 5 A0 8 0 66 1 10 0.0 20 0.0 30 0.0 70 9 "
+                                         "0 VERTEX 5 A1 8 0 10 0.0 20 0.0 30 0.0 70 49 0 "),
+                             asR12("AcDb3dPolyline", "AcDb3dPolylineVertex"));
+        CPPUNIT_ASSERT_EQUAL(std::string("POLYLINE 5 A0 8 0 66 1 10 0.0 20 0.0 30 0.0 70 65 71 1 "
+                                         "0 VERTEX 5 A1 8 0 10 0.0 20 0.0 30 0.0 70 209 0 "),
+                             asR12("AcDbPolyFaceMesh", "AcDbPolyFaceMeshVertex"));
+        CPPUNIT_ASSERT_EQUAL(std::string("POLYLINE 5 A0 8 0 66 1 10 0.0 20 0.0 30 0.0 70 1 "
+                                         "0 VERTEX 5 A1 8 0 10 0.0 20 0.0 30 0.0 70 17 0 "),
+                             asR12("AcDb2dPolyline", "AcDb2dVertex"));
     }
 
     void lateGroups()

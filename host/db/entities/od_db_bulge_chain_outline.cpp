@@ -1,6 +1,6 @@
-#include "host/db/entities/od_db_wide_outline.h"
-
-#include "host/geom/od_ge_bulge.h"
+// What is seen of a flat polyline: segments, arcs, their widths.
+#include "host/db/entities/od_db_bulge_chain.h"
+#include "host/db/entities/od_db_transform.h"
 
 namespace {
 
@@ -113,35 +113,33 @@ void WidePieces::taperedBorder(OdGeArcData2d const& middle, double startDistance
     m_sink.spline(OdGeNurbCurve3d::interpolate(points, tangentAt(0), tangentAt(sweep)));
 }
 
-/// The segment from a vertex to a point.
-void giveSegment(OdDbWideVertex const& from, OdGePoint2d const& to, WidePieces const& pieces)
+void giveSegment(OdDbBulgeChain const& chain, std::size_t segment, WidePieces const& pieces)
 {
+    OdDbBulgeChain::Vertex const& from = chain.vertices[segment];
     HalfWidths const half(from.startWidth, from.endWidth);
-    auto const arc = odgeArcFromBulge(from.point, to, from.bulge);
+    auto const arc = chain.arcOf(segment);
     if (arc && !half.isNone())
         pieces.arc(*arc, half);
     else if (arc)
         pieces.give(*arc);
     else if (!half.isNone())
-        pieces.straight(from.point, to, half);
+        pieces.straight(from.point, chain.endOf(segment).point, half);
     else
-        pieces.line(from.point, to);
+        pieces.line(from.point, chain.endOf(segment).point);
 }
 
 } // namespace
 
-void odDbOutlineWide(OdDbOutlineSink& sink, std::vector<OdDbWideVertex> const& vertices, bool isClosed,
-                     OdGeMatrix3d const& planeToWorld, double elevation)
+void OdDbBulgeChain::outline(OdDbOutlineSink& sink) const
 {
     constexpr std::size_t kBetweenQuestions = 64;
-    WidePieces const pieces(planeToWorld, elevation, sink);
-    std::size_t const count = vertices.size();
-    if (count == 1)
+    OdGeMatrix3d const toWorld = odDbPlaneToWorld(normal);
+    WidePieces const pieces(toWorld, elevation, sink);
+    if (vertices.size() == 1)
         pieces.place(vertices.front().point);
-    std::size_t const segments = count < 2 ? 0 : isClosed ? count : count - 1;
-    for (std::size_t i = 0; i < segments; ++i) {
+    for (std::size_t i = 0; i < numSegments(); ++i) {
         if (i % kBetweenQuestions == kBetweenQuestions - 1 && sink.isSatisfied())
             return;
-        giveSegment(vertices[i], vertices[i + 1 == count ? 0 : i + 1].point, pieces);
+        giveSegment(*this, i, pieces);
     }
 }
