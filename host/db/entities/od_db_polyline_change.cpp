@@ -61,11 +61,10 @@ OdResult OdDbPolyline::reverseCurve()
     assertWriteEnabled();
     std::vector<Vertex> const before = m_vertices;
     std::size_t const count = before.size();
-    // A closed polyline keeps its start.
-    std::reverse(m_vertices.begin() + (isClosed() ? 1 : 0), m_vertices.end());
+    std::reverse(m_vertices.begin(), m_vertices.end());
     for (std::size_t i = 0; i < count; ++i) {
         // What belongs to a segment stands at its first vertex, which was its last one.
-        Vertex const& segment = before[(isClosed() ? 2 * count - 1 - i : 2 * count - 2 - i) % count];
+        Vertex const& segment = before[(2 * count - 2 - i) % count];
         Vertex& vertex = m_vertices[i];
         vertex.bulge = segment.bulge == 0 ? 0 : -segment.bulge;
         vertex.startWidth = segment.endWidth;

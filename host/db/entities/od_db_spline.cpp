@@ -36,6 +36,13 @@ OdGeNurbCurve3d curveThrough(std::span<OdGePoint3d const> points, OdGeVector3d c
     return degree > kFitDegree && degree <= OdGeNurbCurve3d::kMostDegree ? curve.elevated(degree) : curve;
 }
 
+/// The same curve with knots that are clamped at its ends.
+OdGeNurbCurve3d clamped(OdGeNurbCurve3d const& curve)
+{
+    OdGeInterval const whole = curve.getInterval();
+    return static_cast<OdGeNurbCurve3d const&>(*curve.trimmed(whole.lower, whole.upper));
+}
+
 } // namespace
 
 void OdDbSpline::setFlag(std::int16_t flag, bool on)
@@ -203,9 +210,11 @@ void OdDbSpline::setFitData(OdGePoint3dArray const& points, OdGeVector3d const& 
     std::vector<OdGePoint3d> list(points.begin(), points.end());
     OdGeNurbCurve3d const curve = curveThrough(list, startTangent, endTangent, degree, fitTolerance, isClosed);
     assertWriteEnabled();
-    takeDefinition(curve.definition());
+    // Programs write closed curves through points so: called periodic, with the knots of an open curve.
+    takeDefinition(curve.isPeriodic() ? clamped(curve).definition() : curve.definition());
     takePlane(curve);
     setFlag(kClosedFlag, isClosed);
+    setFlag(kPeriodicFlag, curve.isPeriodic());
     m_fitPoints = std::move(list);
     m_startTangent = startTangent;
     m_endTangent = endTangent;

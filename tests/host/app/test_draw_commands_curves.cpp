@@ -319,9 +319,9 @@ public:
             {L"LINE|0,0|10,0||XLINE|O|2|5,0|5,9|5,0|5,-1|",
              L"LINE *; XLINE base point 5,2 direction 1,0 *; XLINE base point 5,-2 direction 1,0 *", 2},
             {L"LINE|0,0|10,0||XLINE|O|T|5,0|3,4|", L"LINE *; XLINE base point 3,4 direction 1,0 *", 2},
-            // The distance is offered again, and so is Through.
+            // The distance is offered again, and so is Through; commands that drew nothing are no steps for U.
             {L"LINE|0,0|10,0||XLINE|O|2||XLINE|O||5,0|5,9||XLINE|O|T||XLINE|O||5,0|7,7|",
-             L"LINE *; XLINE base point 5,2 *; XLINE base point 7,7 *", 5},
+             L"LINE *; XLINE base point 5,2 *; XLINE base point 7,7 *", 3},
             {L"PLINE|0,0|10,0|10,10||XLINE|O|2|10,5|0,0|", L"PLINE *; XLINE base point 8,5 direction 0,1 *", 2},
             {L"RAY|0,0|0,9||XLINE|O|2|0,5|9,9|", L"RAY *; XLINE base point 2,5 direction 0,1 *", 2},
             {L"XLINE|V|1,0||XLINE|O|2|1,7|-9,9|", L"XLINE *; XLINE base point -1,7 direction 0,1 *", 2},
