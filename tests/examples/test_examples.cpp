@@ -77,7 +77,7 @@ private:
         CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out, 0, run.exitCode);
         CPPUNIT_ASSERT_EQUAL(std::string(), run.err);
         CPPUNIT_ASSERT_EQUAL_MESSAGE("warnings in\n" + run.out, std::string::npos, run.out.find("warning"));
-        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find("\n23 tests: 23 passed in ") != std::string::npos);
+        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find("\n27 tests: 27 passed in ") != std::string::npos);
         for (std::size_t i = 0; i < before.size(); ++i)
             CPPUNIT_ASSERT_MESSAGE(drawings[i], before[i] == m_folder.read(drawings[i]));
         CPPUNIT_ASSERT_MESSAGE("files are left in results/", fs::is_empty(m_folder.path() / "examples/results"));

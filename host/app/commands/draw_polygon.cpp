@@ -17,13 +17,12 @@ enum class ECircle
     kCircumscribed ///< the edges touch the circle
 };
 
-void drawCorners(Editor& editor, DrawingPlane const& plane, OdGePoint2d const& center,
-                 OdGeVector2d const& toCorner, int sides)
+std::vector<FlatVertex> cornersAbout(OdGePoint2d const& center, OdGeVector2d const& toCorner, int sides)
 {
     std::vector<FlatVertex> corners;
     for (int i = 0; i < sides; ++i)
         corners.push_back({center + turned(toCorner, Oda2PI * i / sides)});
-    drawClosedPolyline(editor, plane, corners);
+    return corners;
 }
 
 Task<> polygonOnEdge(Editor& editor, int sides)
@@ -37,7 +36,10 @@ Task<> polygonOnEdge(Editor& editor, int sides)
         throw AnswerRejected(L"The two points are the same.");
     OdGeVector2d const toCenter = edge.perpVector() / (2 * std::tan(OdaPI / sides));
     OdGePoint2d const center = start + edge / 2 + toCenter;
-    drawCorners(editor, plane, center, start - center, sides);
+    std::vector<FlatVertex> corners = cornersAbout(center, start - center, sides);
+    corners[0].point = start; // free from rounding
+    corners[1].point = start + edge;
+    drawClosedPolyline(editor, plane, corners);
 }
 
 Task<ECircle> askCircle(Editor& editor)
@@ -76,7 +78,7 @@ Task<> polygonAboutCenter(Editor& editor, int sides, OdGePoint3d center)
         co_await editor.distance(Prompt(L"Specify radius of circle").base(center).atLeast(0, true));
     DrawingPlane const plane(editor, center);
     OdGeVector2d const toCorner = cornerOf(editor, plane, center, radius, circle, sides);
-    drawCorners(editor, plane, plane.toPlane(center), toCorner, sides);
+    drawClosedPolyline(editor, plane, cornersAbout(plane.toPlane(center), toCorner, sides));
 }
 
 Task<> polygonCommand(Editor& editor)

@@ -75,6 +75,7 @@ public:
 protected:
     /// The axes of the reference grew by these factors.
     virtual void scaleGrid(double, double) {}
+    virtual void listGrid(OdDbPropertySink&) const {}
 
     /// The fields below the marker of the class; `more` are those of a derived class, which come before the
     /// normal.

@@ -171,6 +171,7 @@ void OdDbBlockReference::listProperties(OdDbPropertySink& sink) const
     sink.number(L"z scale factor", m_scale.sz);
     sink.direction(L"rotation", rotation(), m_normal);
     odDbListExtrusion(sink, m_normal, 0);
+    listGrid(sink);
     int number = 0;
     for (OdDbPartIterator it = attributeIterator(); !it.done(); it.step()) {
         sink.part(L"attribute", ++number);

@@ -93,9 +93,8 @@ void OdDbMInsertBlock::scaleGrid(double xFactor, double yFactor)
     m_rowSpacing *= yFactor;
 }
 
-void OdDbMInsertBlock::listProperties(OdDbPropertySink& sink) const
+void OdDbMInsertBlock::listGrid(OdDbPropertySink& sink) const
 {
-    OdDbBlockReference::listProperties(sink);
     sink.count(L"columns", columns());
     sink.count(L"rows", rows());
     sink.distance(L"column spacing", m_columnSpacing);

@@ -23,10 +23,10 @@ public:
     Grid grid() const override { return {columns(), rows(), m_columnSpacing, m_rowSpacing}; }
     /// Grids stay together.
     bool isExplodable() const override { return false; }
-    void listProperties(OdDbPropertySink& sink) const override;
 
 protected:
     void scaleGrid(double xFactor, double yFactor) override;
+    void listGrid(OdDbPropertySink& sink) const override;
 
 private:
     std::int16_t m_columns = 1;

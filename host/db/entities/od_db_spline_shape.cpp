@@ -155,21 +155,23 @@ void OdDbSpline::listProperties(OdDbPropertySink& sink) const
         sink.vector(L"normal", planeNormal());
     if (double length = 0; getLength(length) == eOk)
         sink.distance(L"length", length);
+    if (hasFitData()) {
+        sink.distance(L"fit tolerance", m_fitTolerance);
+        sink.vector(L"start tangent", m_startTangent);
+        sink.vector(L"end tangent", m_endTangent);
+    }
+    for (int i = 0; i < numFitPoints(); ++i) {
+        sink.part(L"fit point", i + 1);
+        sink.point(L"position", m_fitPoints[static_cast<std::size_t>(i)]);
+    }
     for (int i = 0; i < numControlPoints(); ++i) {
         sink.part(L"control point", i + 1);
         sink.point(L"position", getControlPointAt(i));
         if (isRational())
             sink.number(L"weight", weightAt(i));
     }
-    for (double const knot : m_knots)
-        sink.number(L"knot", knot);
-    if (!hasFitData())
-        return;
-    sink.distance(L"fit tolerance", m_fitTolerance);
-    sink.vector(L"start tangent", m_startTangent);
-    sink.vector(L"end tangent", m_endTangent);
-    for (int i = 0; i < numFitPoints(); ++i) {
-        sink.part(L"fit point", i + 1);
-        sink.point(L"position", m_fitPoints[static_cast<std::size_t>(i)]);
+    for (std::size_t i = 0; i < m_knots.size(); ++i) {
+        sink.part(L"knot", static_cast<int>(i) + 1);
+        sink.number(L"parameter", m_knots[i]);
     }
 }

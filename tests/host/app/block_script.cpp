@@ -5,8 +5,6 @@
 
 #include <cppunit/TestAssert.h>
 
-#include <algorithm>
-
 namespace {
 
 OdString number(double value)
@@ -76,12 +74,6 @@ std::string BlockScriptTest::modelSpace()
 std::string BlockScriptTest::block(OdString const& name)
 {
     return contents(*blocks().getAt(name).open<OdDbBlockTableRecord>());
-}
-
-bool BlockScriptTest::hasLine(OdString const& text)
-{
-    auto const& lines = ca::app()->commandLine().lines();
-    return std::find(lines.begin(), lines.end(), text) != lines.end();
 }
 
 OdDbAttributeDefinitionPtr BlockScriptTest::addDefinition(OdDbBlockTableRecord& block, OdString const& tag,

@@ -26,9 +26,6 @@ protected:
     static std::string block(OdString const& name);
     static OdDbBlockReferencePtr firstReference() { return space()->newIterator().entity(); }
 
-    /// The command line holds this line.
-    static bool hasLine(OdString const& text);
-
     static OdDbAttributeDefinitionPtr addDefinition(OdDbBlockTableRecord& block, OdString const& tag,
                                                     OdString const& text, OdGePoint3d const& position);
     /// "Title", a block with attributes of all kinds: asked twice, asked once without prompt, preset, constant.

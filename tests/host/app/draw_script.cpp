@@ -19,6 +19,8 @@
 
 #include <cppunit/TestAssert.h>
 
+#include <algorithm>
+
 namespace {
 
 OdString number(double value)
@@ -224,6 +226,12 @@ std::string DrawScriptTest::bytes()
 OdString DrawScriptTest::lastPrompt()
 {
     return ca::app()->commandLine().lastPrompt();
+}
+
+bool DrawScriptTest::hasLine(OdString const& text)
+{
+    auto const& lines = ca::app()->commandLine().lines();
+    return std::find(lines.begin(), lines.end(), text) != lines.end();
 }
 
 void DrawScriptTest::checkDrawn(std::span<DrawnCase const> cases)

@@ -46,6 +46,8 @@ protected:
     /// show what they list: "ELLIPSE center 0,0 major axis 5,0 ...".
     static OdString drawn();
     static OdString lastPrompt();
+    /// The command line holds this line.
+    static bool hasLine(OdString const& text);
     static OdDbDatabase& db();
     /// The current drawing as it would be saved.
     static std::string bytes();

@@ -1,5 +1,4 @@
 // SOLID, TRACE, 3DPOLY, 3DFACE, 3DMESH and PFACE, fed with text answers.
-#include "host/app/command_line.h"
 #include "host/app/commands/polyface_faces.h"
 #include "host/app/sds_cmd.h"
 #include "host/db/entities/od_db_solid.h"

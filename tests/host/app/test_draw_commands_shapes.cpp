@@ -1,5 +1,4 @@
 // RECTANG, POLYGON and DONUT, fed with text answers.
-#include "host/app/command_line.h"
 #include "host/app/sys_var.h"
 #include "host/db/entities/od_db_polyline.h"
 #include "host/db/od_db_database.h"
@@ -9,15 +8,7 @@
 
 #include <cppunit/extensions/HelperMacros.h>
 
-#include <algorithm>
-
 namespace {
-
-bool wasSaid(OdString const& line)
-{
-    auto const& lines = ca::app()->commandLine().lines();
-    return std::find(lines.begin(), lines.end(), line) != lines.end();
-}
 
 class TestDrawRectangle : public DrawScriptTest
 {
@@ -73,16 +64,16 @@ public:
             {L"RECTANG|F|3|0,0|A|20||10", L"PLINE 0,0 10,0 10,2 0,2 closed"},
         };
         checkDrawn(cases);
-        CPPUNIT_ASSERT(wasSaid(L"The rectangle is too small for its corners to be cut."));
+        CPPUNIT_ASSERT(hasLine(L"The rectangle is too small for its corners to be cut."));
     }
 
     void modesStay()
     {
         feed(L"RECTANG|C|1|2|E|3|T|4|W|0.5|0,0|R|30|D|9|8|9,9|RECTANG");
-        CPPUNIT_ASSERT(wasSaid(L"Current rectangle modes:  Chamfer=1 x 2  Elevation=3  Rotation=30  Thickness=4"
+        CPPUNIT_ASSERT(hasLine(L"Current rectangle modes:  Chamfer=1 x 2  Elevation=3  Rotation=30  Thickness=4"
                                L"  Width=0.5"));
         feed(L"F|2|0,0|R|0|D||9|9,9|RECTANG");
-        CPPUNIT_ASSERT(wasSaid(L"Current rectangle modes:  Fillet=2  Elevation=3  Thickness=4  Width=0.5"));
+        CPPUNIT_ASSERT(hasLine(L"Current rectangle modes:  Fillet=2  Elevation=3  Thickness=4  Width=0.5"));
         PromptCase const anotherDrawing[] = {{L"RECTANG|F", L"Specify fillet radius for rectangles <0>: "}};
         checkPrompts(anotherDrawing);
     }

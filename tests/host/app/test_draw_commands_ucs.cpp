@@ -33,8 +33,8 @@ public:
             {L"ELLIPSE|A|C|0,0|5,0|3|0|90", L"*start point 7,0,5 end point 7,-3 start parameter 0*"},
             {L"ELLIPSE|A|C|0,0|0,5|3|0,9|-9,0", L"*start point 7,-5 end point 7,0,-3 start parameter 0*"},
             {L"SPLINE|0,0|5,5|10,0||0,1|",
-             L"SPLINE * normal 1,0 *start tangent 0,-1 end tangent 0,0 fit point 1: "
-             L"position 7,0 fit point 2: position 7,-5,5 fit point 3: position 7,0,10"},
+             L"SPLINE * normal 1,0 *start tangent 0,-1 end tangent 0,0*fit point 1: "
+             L"position 7,0 fit point 2: position 7,-5,5 fit point 3: position 7,0,10*"},
             {L"RAY|1,2|4,6|", L"RAY base point 7,-2,1 direction 0,-0.8,0.6 *"},
             {L"XLINE|H|1,2|", L"XLINE base point 7,-2,1 direction 0,0,1 *"},
             {L"XLINE|V|1,2|", L"XLINE base point 7,-2,1 direction 0,-1 *"},

@@ -10,8 +10,6 @@
 
 #include <cppunit/extensions/HelperMacros.h>
 
-#include <algorithm>
-
 namespace {
 
 struct LayerCase
@@ -211,12 +209,6 @@ private:
     static OdDbLayerTableRecordPtr layer(OdString const& name)
     {
         return db().table(OdDbTableKind::kLayer).getAt(name).open<OdDbLayerTableRecord>();
-    }
-
-    static bool hasLine(OdString const& text)
-    {
-        auto const& lines = ca::app()->commandLine().lines();
-        return std::find(lines.begin(), lines.end(), text) != lines.end();
     }
 
     /// All layers in order of making, each with what differs from a new one; "*" marks the current one.

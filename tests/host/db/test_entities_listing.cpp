@@ -64,13 +64,15 @@ class ListingTest : public BlockFixture
         spline.setNurbsData(1, true, false, false, {{0, 0, 0}, {3, 4, 0}}, OdGeKnotVector({0, 0, 2, 2}), {1, 1});
         assertListed("degree 1\nclosed no\nperiodic no\nrational yes\nplanar yes\nnormal <0 0 1>\nlength 5\n"
                      "control point 1\nposition (0 0 0)\nweight 1\ncontrol point 2\nposition (3 4 0)\nweight 1\n"
-                     "knot 0\nknot 0\nknot 2\nknot 2\n",
+                     "knot 1\nparameter 0\nknot 2\nparameter 0\nknot 3\nparameter 2\nknot 4\nparameter 2\n",
                      spline);
         OdDbSpline fitted;
         fitted.setFitData({{0, 0, 0}, {3, 4, 0}}, {1, 0, 0});
-        CPPUNIT_ASSERT(ListedLines(fitted).text().ends_with(
-            "fit tolerance 0\nstart tangent <1 0 0>\nend tangent <0 0 0>\n"
-            "fit point 1\nposition (0 0 0)\nfit point 2\nposition (3 4 0)\n"));
+        std::string const listed = ListedLines(fitted).text();
+        CPPUNIT_ASSERT(
+            listed.find("fit tolerance 0\nstart tangent <1 0 0>\nend tangent <0 0 0>\n"
+                        "fit point 1\nposition (0 0 0)\nfit point 2\nposition (3 4 0)\ncontrol point 1\n") !=
+            std::string::npos);
     }
 
     void areas()
@@ -114,9 +116,10 @@ class ListingTest : public BlockFixture
         attribute->setTag(L"NAME");
         grid->appendAttribute(attribute);
         std::string const listed = ListedLines(*grid).text();
-        CPPUNIT_ASSERT(listed.starts_with("block Sample\nposition (1 2 3)\nx scale factor 1\ny scale factor 2\n"
-                                          "z scale factor 3\nrotation 0 rad\nattribute 1\ntag NAME\n"));
-        CPPUNIT_ASSERT(listed.ends_with("columns 4\nrows 1\ncolumn spacing 2.5\nrow spacing 0\n"));
+        CPPUNIT_ASSERT(
+            listed.starts_with("block Sample\nposition (1 2 3)\nx scale factor 1\ny scale factor 2\n"
+                               "z scale factor 3\nrotation 0 rad\ncolumns 4\nrows 1\ncolumn spacing 2.5\n"
+                               "row spacing 0\nattribute 1\ntag NAME\n"));
     }
 };
 CPPUNIT_TEST_SUITE_REGISTRATION(ListingTest);
