@@ -99,14 +99,24 @@ private:
     void roughly(OdGePoint3d const& p) { m_rough.push_back(m_transformation * p); }
     static double farthest(std::vector<OdGePoint3d> const& from, std::vector<OdGePoint3d> const& to)
     {
+        std::vector<OdGePoint3d> byX = to;
+        std::ranges::sort(byX, {}, &OdGePoint3d::x);
         double result = 0;
-        for (OdGePoint3d const& p : from) {
-            double nearest = std::numeric_limits<double>::infinity();
-            for (OdGePoint3d const& q : to)
-                nearest = std::min(nearest, (p - q).lengthSqrd());
-            result = std::max(result, nearest);
-        }
+        for (OdGePoint3d const& p : from)
+            result = std::max(result, nearestSqrd(p, byX));
         return std::sqrt(result);
+    }
+    /// From the place with the nearest X on, to both sides, as far as X alone does not rule them out.
+    static double nearestSqrd(OdGePoint3d const& p, std::vector<OdGePoint3d> const& byX)
+    {
+        double nearest = std::numeric_limits<double>::infinity();
+        auto const isFar = [&](OdGePoint3d const& q) { return (q.x - p.x) * (q.x - p.x) >= nearest; };
+        auto const middle = std::ranges::lower_bound(byX, p.x, {}, &OdGePoint3d::x);
+        for (auto it = middle; it != byX.end() && !isFar(*it); ++it)
+            nearest = std::min(nearest, (p - *it).lengthSqrd());
+        for (auto it = middle; it != byX.begin() && !isFar(*(it - 1)); --it)
+            nearest = std::min(nearest, (p - *(it - 1)).lengthSqrd());
+        return nearest;
     }
 
     OdGeMatrix3d m_transformation;

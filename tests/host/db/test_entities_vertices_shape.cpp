@@ -188,7 +188,7 @@ class VerticesShapeTest : public CppUnit::TestFixture
     {
         std::mt19937_64 random(7);
         std::uniform_real_distribution<double> value(-2, 2);
-        for (int round = 0; round < 20; ++round) {
+        for (int round = 0; round < 10; ++round) {
             OdGeVector3d const axis(value(random), value(random), value(random));
             OdGeMatrix3d const similar = OdGeMatrix3d::translation({value(random), value(random), value(random)}) *
                                          OdGeMatrix3d::rotation(value(random), axis, {1, 2, 3}) *
@@ -203,7 +203,7 @@ class VerticesShapeTest : public CppUnit::TestFixture
                 for (OdDbEntityPtr const& entity : samples()) {
                     SampledOutline const expected(*entity, matrix);
                     if (entity->transformBy(matrix) != eOk) {
-                        CPPUNIT_ASSERT(&matrix != &similar && odCast<OdDb2dPolyline>(entity.get()));
+                        CPPUNIT_ASSERT(!matrix.isUniScaledOrtho() && odCast<OdDb2dPolyline>(entity.get()));
                         continue;
                     }
                     SampledOutline const moved(*entity);
