@@ -45,8 +45,8 @@ public:
     /// properties of this one, in no drawing; at an end there is nothing to split. A closed curve gives as many
     /// pieces as there are parameters, the last going over the start.
     virtual OdResult getSplitCurves(std::span<double const> params, std::vector<OdDbEntityPtr>& curves) const;
-    /// Runs the other way; eNotApplicable for what has its direction from its class: rays, circles, arcs. Polylines
-    /// begin at what was their last vertex then, closed ones too.
+    /// Runs the other way; eNotApplicable for what has its direction from its class: rays, circles, arcs.
+    /// Polylines begin at what was their last vertex then, closed ones too.
     virtual OdResult reverseCurve();
     /// Normal of the plane in which the entity was drawn; (0, 0, 1) where it has none.
     virtual OdGeVector3d planeNormal() const { return {0, 0, 1}; }
