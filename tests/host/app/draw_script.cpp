@@ -257,6 +257,18 @@ void DrawScriptTest::checkDrawn(std::span<DrawnCase const> cases)
     }
 }
 
+void DrawScriptTest::checkDrawnUpright(std::span<DrawnCase const> cases)
+{
+    for (DrawnCase const& each : cases) {
+        renew();
+        feed(L"LINE|0,0|0,10|");
+        db().setHeaderPoint("UCSXDIR", {0, 1, 0});
+        db().setHeaderPoint("UCSYDIR", {0, 0, 1});
+        feed(each.script);
+        assertEqual(each.script, each.drawn, drawn());
+    }
+}
+
 void DrawScriptTest::checkRefused(std::span<RefusedCase const> cases)
 {
     for (RefusedCase const& each : cases) {

@@ -98,27 +98,14 @@ public:
 
     void worksInATurnedUserCoordinateSystem()
     {
-        struct
-        {
-            wchar_t const* script;
-            char const* drawn;
-        } const cases[] = {
+        DrawnCase const cases[] = {
             // A line of the world goes aside in the plane of the user.
-            {L"OFFSET|2|5,0|5,1|", "LINE 0,0 0,10; LINE 0,0,2 0,10,2"},
-            {L"ERASE|ALL||CIRCLE|0,0|5|OFFSET|2|0,5|9,0|", "CIRCLE 0,0 r5 n1,0; CIRCLE 0,0 r7 n1,0"},
-            {L"ERASE|ALL||CIRCLE|0,0|5|BREAK|5,0|0,5", "ARC 0,0 r5 90..0 n1,0"},
-            {L"BREAK|5,0|7,0", "LINE 0,0 0,5; LINE 0,7 0,10"},
+            {L"OFFSET|2|5,0|5,1|", L"LINE 0,0 0,10; LINE 0,0,2 0,10,2"},
+            {L"ERASE|ALL||CIRCLE|0,0|5|OFFSET|2|0,5|9,0|", L"CIRCLE 0,0 r5 n1,0; CIRCLE 0,0 r7 n1,0"},
+            {L"ERASE|ALL||CIRCLE|0,0|5|BREAK|5,0|0,5", L"ARC 0,0 r5 90..0 n1,0"},
+            {L"BREAK|5,0|7,0", L"LINE 0,0 0,5; LINE 0,7 0,10"},
         };
-        for (auto const& each : cases) {
-            tearDown();
-            setUp();
-            feed(L"LINE|0,0|0,10|");
-            db().setHeaderPoint("UCSXDIR", {0, 1, 0});
-            db().setHeaderPoint("UCSYDIR", {0, 0, 1});
-            feed(each.script);
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(each.script).toUtf8(), std::string(each.drawn),
-                                         drawn().toUtf8());
-        }
+        checkDrawnUpright(cases);
     }
 
     /// Counterclockwise is what the user sees, whichever way the circle was drawn.

@@ -109,27 +109,14 @@ public:
     void worksInATurnedUserCoordinateSystem()
     {
         // X of the user runs along Y of the world, Y along Z.
-        struct
-        {
-            wchar_t const* script;
-            char const* drawn;
-        } const cases[] = {
-            {L"ROTATE|ALL||0,0|90", "LINE 0,0 0,0,10 n0,-1"},
-            {L"ROTATE|ALL||0,0|0,5", "LINE 0,0 0,0,10 n0,-1"},
-            {L"ROTATE|ALL||0,0|R|0,0|3,3|0", "LINE 0,0 0,7.0711,-7.0711 n0,0.7071,0.7071"},
-            {L"SCALE|ALL||5,0|5,2", "LINE 0,-5 0,15"},
-            {L"MIRROR|ALL||0,0|5,5|Y", "LINE 0,0 0,0,10 n0,1"},
+        DrawnCase const cases[] = {
+            {L"ROTATE|ALL||0,0|90", L"LINE 0,0 0,0,10 n0,-1"},
+            {L"ROTATE|ALL||0,0|0,5", L"LINE 0,0 0,0,10 n0,-1"},
+            {L"ROTATE|ALL||0,0|R|0,0|3,3|0", L"LINE 0,0 0,7.0711,-7.0711 n0,0.7071,0.7071"},
+            {L"SCALE|ALL||5,0|5,2", L"LINE 0,-5 0,15"},
+            {L"MIRROR|ALL||0,0|5,5|Y", L"LINE 0,0 0,0,10 n0,1"},
         };
-        for (auto const& each : cases) {
-            tearDown();
-            setUp();
-            feed(L"LINE|0,0|0,10|");
-            db().setHeaderPoint("UCSXDIR", {0, 1, 0});
-            db().setHeaderPoint("UCSYDIR", {0, 0, 1});
-            feed(each.script);
-            CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(each.script).toUtf8(), std::string(each.drawn),
-                                         drawn().toUtf8());
-        }
+        checkDrawnUpright(cases);
     }
 
     void leavesLockedLayersAlone()
