@@ -16,6 +16,7 @@ class CaDoc;
 class CommandLine;
 class CommandProcessor;
 class SysVarStore;
+class ViewState;
 
 /// Told of what happens to documents. Listeners may add and remove listeners while they are told.
 class DocumentListener
@@ -76,6 +77,9 @@ public:
     /// Values of the variables that the application keeps.
     SysVarStore& variables() { return *m_variables; }
     AppPreferences& preferences() { return *m_preferences; }
+    /// Of the active view, null without one. Whoever installs it takes it out before it goes.
+    ViewState* currentViewState() const { return m_viewState; }
+    void setCurrentViewState(ViewState* state) { m_viewState = state; }
 
     /// The full path of an existing file, relative names also looked for in the folders of SRCHPATH. What is not
     /// found gives the full path under the current folder.
@@ -110,6 +114,7 @@ private:
     std::vector<DocumentListener*> m_listeners;
     int m_drawingNumber = 0;
     std::uint64_t m_documentSerial = 0;
+    ViewState* m_viewState = nullptr;
     std::unique_ptr<CommandProcessor> m_commandProcessor; // last: goes first, it listens to the documents
 };
 

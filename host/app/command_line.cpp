@@ -1,6 +1,6 @@
 #include "host/app/command_line.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace ca {
 
@@ -13,9 +13,11 @@ void CommandLine::prompt(OdString const& text)
 
 void CommandLine::echo(OdString const& answer)
 {
-    m_openPrompt += answer;
-    m_lastPrompt = m_openPrompt;
+    OdString const answered = m_openPrompt + answer;
+    if (m_isEchoing)
+        m_openPrompt = answered;
     finishPrompt();
+    m_lastPrompt = answered;
 }
 
 void CommandLine::message(OdString const& text)
@@ -28,6 +30,16 @@ void CommandLine::message(OdString const& text)
             addLine(text.mid(start, end - start));
         start = end + 1;
     }
+}
+
+void CommandLine::error(OdString const& text)
+{
+    if (!m_errorTaker)
+        return message(text);
+    finishPrompt();
+    if (!text.isEmpty())
+        m_lastPrompt = text;
+    m_errorTaker(m_lastPrompt);
 }
 
 void CommandLine::finishPrompt()

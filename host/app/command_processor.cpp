@@ -55,7 +55,7 @@ CommandProcessor& CommandProcessor::get()
 bool CommandProcessor::feed(std::vector<Input> answers)
 {
     if (m_isPumping) {
-        commandLine().message(L"A command cannot give answers to the command line while it runs.");
+        commandLine().error(L"A command cannot give answers to the command line while it runs.");
         return false;
     }
     ScopedFlag const pumping(m_isPumping);
@@ -66,7 +66,7 @@ bool CommandProcessor::feed(std::vector<Input> answers)
         return true;
     } catch (std::exception const& error) {
         m_queue.clear();
-        commandLine().message(OdString::fromUtf8(error.what()));
+        commandLine().error(OdString::fromUtf8(error.what()));
         while (!m_frames.empty())
             finishTop();
         return false;

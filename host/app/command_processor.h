@@ -34,6 +34,12 @@ public:
     void cancelAll();
 
     bool isIdle() const { return m_frames.empty(); }
+    /// The waiting command asks for a text, in which blanks are letters like others.
+    bool waitsForText() const
+    {
+        return !m_frames.empty() && m_frames.back()->pending &&
+               m_frames.back()->pending->kind() == EAnswerKind::kText;
+    }
     /// Names of the running commands, the outermost first, joined by "'".
     OdString activeNames() const;
 

@@ -14,7 +14,7 @@ int sds_cmd(sds_resbuf const* list)
     }
     std::optional<std::vector<ca::Input>> inputs = ca::inputsFrom(list);
     if (!inputs) {
-        ca::app()->commandLine().message(L"The list of answers holds a value that cannot be an answer.");
+        ca::app()->commandLine().error(L"The list of answers holds a value that cannot be an answer.");
         return RTERROR;
     }
     return processor.feed(std::move(*inputs)) ? RTNORM : RTERROR;

@@ -35,4 +35,17 @@ OdGeMatrix3d ucsToWorld(OdDbDatabase const* database)
     return matrix;
 }
 
+double ucsToEcs(OdDbDatabase const* database, OdGeVector3d const& normal, OdArray<OdGePoint2d>& points,
+                double elevation)
+{
+    OdGeMatrix3d const ucsToPlane = OdGeMatrix3d::worldToPlane(normal) * ucsToWorld(database);
+    if (ucsToPlane == OdGeMatrix3d::kIdentity)
+        return elevation;
+    OdGePoint2d const first = points.empty() ? OdGePoint2d() : points.first();
+    double const planeElevation = (ucsToPlane * OdGePoint3d(first.x, first.y, elevation)).z;
+    for (OdGePoint2d& point : points)
+        point = (ucsToPlane * OdGePoint3d(point.x, point.y, elevation)).convert2d();
+    return planeElevation;
+}
+
 } // namespace oa

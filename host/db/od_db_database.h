@@ -86,7 +86,8 @@ public:
     /// @name Undo
     /// @{
     void startUndoRecord(OdString const& name = {}) { m_undo.start(name); }
-    /// Takes back everything since the start of the last record, by whatever caller. Works while recording is off.
+    /// Takes back everything since the start of the last record, by whatever caller; nothing when nothing changed
+    /// since. Works while recording is off.
     void undo() { m_undo.undo(); }
     void redo() { m_undo.redo(); }
     /// A plain flag, not a counter.

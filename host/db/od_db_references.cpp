@@ -100,7 +100,7 @@ private:
             for (OdDbField const& field : section.fields)
                 if (field.kind == OdDbFieldKind::kReference || field.kind == OdDbFieldKind::kName)
                     take(*static_cast<OdDbObjectId const*>(field.place(&object)));
-            if (section.writeTail)
+            if (section.writeTail && (!section.isWritten || section.isWritten(object)))
                 section.writeTail(object, m_tails);
         }
         OdDbObjectExtras const* const extras = object.extras();

@@ -42,6 +42,20 @@ bool compareNamesLowercase(OdString const& a, OdString const& b)
     return a.equalsNoCase(b);
 }
 
+std::vector<std::wstring_view> splitLines(std::wstring_view text)
+{
+    std::vector<std::wstring_view> lines;
+    while (!text.empty()) {
+        std::size_t const end = std::min(text.find(L'\n'), text.size());
+        std::wstring_view line = text.substr(0, end);
+        if (end < text.size() && line.ends_with(L'\r'))
+            line.remove_suffix(1);
+        lines.push_back(line);
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines;
+}
+
 bool matchesWildcard(std::wstring_view text, std::wstring_view pattern, ECase letters)
 {
     auto const fits = [letters](wchar_t ch, wchar_t wanted) {

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ut {
 
@@ -21,6 +22,9 @@ wchar_t const* findEndingQuote(wchar_t const* text);
 
 /// Equality without regard to case, by the case table of OdString.
 bool compareNamesLowercase(OdString const& a, OdString const& b);
+
+/// The lines of a text without their ends, LF or CRLF; an unterminated last line counts. Views of the text.
+std::vector<std::wstring_view> splitLines(std::wstring_view text);
 
 enum class ECase
 {

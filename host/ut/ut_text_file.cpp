@@ -1,8 +1,7 @@
 #include "host/ut/ut_text_file.h"
 
 #include "host/ut/ut_file.h"
-
-#include <algorithm>
+#include "host/ut/ut_text.h"
 
 namespace ut {
 
@@ -65,17 +64,7 @@ bool TextFile::open(OdString const& path, OdString* reason)
 
 std::vector<std::wstring_view> TextFile::lines() const
 {
-    std::vector<std::wstring_view> lines;
-    std::wstring_view rest = m_text.str();
-    while (!rest.empty()) {
-        std::size_t const end = std::min(rest.find(L'\n'), rest.size());
-        std::wstring_view line = rest.substr(0, end);
-        if (end < rest.size() && line.ends_with(L'\r'))
-            line.remove_suffix(1);
-        lines.push_back(line);
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
-    return lines;
+    return splitLines(m_text.str());
 }
 
 } // namespace ut

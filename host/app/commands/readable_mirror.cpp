@@ -1,6 +1,6 @@
 #include "host/app/commands/readable_mirror.h"
 
-#include "host/db/entities/od_db_text.h"
+#include "host/db/entities/od_db_attribute_base.h"
 #include "host/db/entities/od_db_transform.h"
 
 #include <utility>
@@ -123,25 +123,73 @@ private:
     OdGeVector3d m_run;
 };
 
-void watch(std::vector<WatchedText>& texts, OdDbEntityPtr const& entity)
+/// A multiline text, of its own or of an attribute, and how it stood before the transformation.
+class WatchedMText
 {
-    if (auto* const text = odCast<OdDbText>(entity.get()))
-        texts.emplace_back(entity, *text);
-}
+public:
+    WatchedMText(OdDbEntityPtr entity, OdDbMText const& text)
+        : m_entity(std::move(entity)), m_direction(text.direction()), m_normal(text.normal())
+    {
+    }
+
+    void unmirror(OdGeMatrix3d const& transformation) const
+    {
+        OdGeVector3d const carried = transformation * m_normal;
+        if (auto* const text = odCast<OdDbMText>(m_entity.get())) {
+            turnFace(*text, carried);
+            return;
+        }
+        auto& attribute = static_cast<OdDbAttributeBase&>(*m_entity);
+        OdDbMTextPtr const text = attribute.getMTextAttribute();
+        turnFace(*text, carried);
+        attribute.setMTextAttribute(text);
+    }
+
+private:
+    void turnFace(OdDbMText& text, OdGeVector3d const& carriedNormal) const
+    {
+        bool const isSeenFromBehind = text.normal().dotProduct(carriedNormal) < 0;
+        if (isSeenFromBehind)
+            text.turnFace(text.direction().dotProduct(m_direction) < 0);
+    }
+
+    OdDbEntityPtr m_entity;
+    OdGeVector3d m_direction, m_normal;
+};
+
+struct WatchedTexts
+{
+    std::vector<WatchedText> lines;
+    std::vector<WatchedMText> blocks;
+
+    void watch(OdDbEntityPtr const& entity)
+    {
+        if (auto* const text = odCast<OdDbText>(entity.get()))
+            lines.emplace_back(entity, *text);
+        if (auto const* const text = odCast<OdDbMText>(entity.get()))
+            blocks.emplace_back(entity, *text);
+        auto const* const attribute = odCast<OdDbAttributeBase>(entity.get());
+        if (OdDbMTextPtr const text = attribute ? attribute->getMTextAttribute() : OdDbMTextPtr())
+            blocks.emplace_back(entity, *text);
+    }
+};
 
 } // namespace
 
 OdResult mirrorReadably(OdDbEntity& entity, OdGeMatrix3d const& transformation)
 {
-    std::vector<WatchedText> texts;
-    watch(texts, OdDbEntityPtr(&entity));
+    WatchedTexts texts;
+    texts.watch(OdDbEntityPtr(&entity));
     for (auto it = entity.partIterator(); !it.done(); it.step())
-        watch(texts, it.entity(OdDb::kForWrite));
+        texts.watch(it.entity(OdDb::kForWrite));
     OdResult const result = entity.transformBy(transformation);
-    if (result == eOk)
-        for (WatchedText const& each : texts)
-            each.unmirror();
-    return result;
+    if (result != eOk)
+        return result;
+    for (WatchedText const& each : texts.lines)
+        each.unmirror();
+    for (WatchedMText const& each : texts.blocks)
+        each.unmirror(transformation);
+    return eOk;
 }
 
 } // namespace ca

@@ -3,6 +3,7 @@
 #include "host/app/ca_doc.h"
 #include "host/app/command_registry.h"
 #include "host/app/editor.h"
+#include "host/app/undo_in_progress.h"
 #include "host/db/od_db_database.h"
 
 namespace ca {
@@ -10,19 +11,6 @@ namespace ca {
 namespace {
 
 using Names = std::vector<OdString>;
-
-/// Tells the application for the time of a scope that changes come from undoing or redoing.
-class UndoInProgress
-{
-public:
-    UndoInProgress() : m_before(app()->isUndoInProgress()) { app()->setUndoInProgress(true); }
-    ~UndoInProgress() { app()->setUndoInProgress(m_before); }
-    UndoInProgress(UndoInProgress const&) = delete;
-    UndoInProgress& operator=(UndoInProgress const&) = delete;
-
-private:
-    bool m_before;
-};
 
 OdDbUndoLog& logOf(Editor& editor)
 {
@@ -43,7 +31,7 @@ void undoUnits(Editor& editor, int count)
     OdDbUndoLog& log = logOf(editor);
     Names names;
     if (editor.doc().isUndoRecordingEnabled()) {
-        UndoInProgress const inProgress;
+        oa::UndoInProgress const inProgress;
         names = log.undoUnits(count);
     }
     if (!names.empty())
@@ -66,7 +54,7 @@ Task<> redoCommand(Editor& editor)
 {
     Names names;
     if (editor.doc().isUndoRecordingEnabled()) {
-        UndoInProgress const inProgress;
+        oa::UndoInProgress const inProgress;
         names = logOf(editor).redo();
     }
     if (names.empty())
@@ -92,7 +80,7 @@ Task<> backToMark(Editor& editor)
     bool const isMarked = log.hasMark();
     Names names;
     {
-        UndoInProgress const inProgress;
+        oa::UndoInProgress const inProgress;
         names = log.undoToMark();
     }
     if (!names.empty())

@@ -39,6 +39,10 @@ void OdDbAttributeBase::listProperties(OdDbPropertySink& sink) const
     sink.flag(L"preset", isPreset());
     sink.flag(L"position locked in block", lockPositionInBlock());
     OdDbText::listProperties(sink);
+    if (OdDbMTextPtr const text = getMTextAttribute()) {
+        sink.text(L"multiline contents", text->contents());
+        sink.distance(L"multiline width", text->width());
+    }
 }
 
 bool OdDbAttributeBase::readVersionOrLock(OdDbObject& object, OdDbTag const& tag)
@@ -70,15 +74,4 @@ void OdDbAttributeBase::writeLock(OdDbObject const& object, OdDbTagSink& sink)
     auto const& attribute = static_cast<OdDbAttributeBase const&>(object);
     if (attribute.m_hasLock || attribute.m_lockPosition != 0)
         sink.integer(kVersionOrLock, attribute.m_lockPosition);
-}
-
-std::vector<OdDbSection> OdDbAttributeBase::attributeSections(std::string_view marker,
-                                                              std::span<OdDbField const> fields)
-{
-    return {
-        entitySection(),
-        textSection(),
-        {.marker = marker, .fields = {}, .readTail = &readVersionOrLock, .writeTail = &writeVersion},
-        {.marker = marker, .fields = fields, .writeTail = &writeLock, .continues = true},
-    };
 }

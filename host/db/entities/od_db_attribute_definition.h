@@ -10,6 +10,9 @@ class OdDbAttributeDefinition : public OdDbAttributeBase
 public:
     OdDbAttributeDefinition() = default;
 
+    /// Brings its own text (string, height, rotation, position) in line with the multiline text.
+    void updateMTextAttributeDefinition() { takeTextOfMText(); }
+
     OdString const& prompt() const { return m_prompt; }
     void setPrompt(OdString const& prompt);
     /// Number of characters that the value may have; 0 for any.
@@ -19,10 +22,12 @@ public:
 
     void outline(OdDbOutlineSink& sink) const override;
     /// The outline that a constant attribute has in references to the block.
-    void outlineValue(OdDbOutlineSink& sink) const { OdDbText::outline(sink); }
+    void outlineValue(OdDbOutlineSink& sink) const { OdDbAttributeBase::outline(sink); }
     void listProperties(OdDbPropertySink& sink) const override;
 
 private:
+    std::int16_t multilineKind() const override { return 4; }
+
     OdString m_prompt;
 };
 using OdDbAttributeDefinitionPtr = OdSmartPtr<OdDbAttributeDefinition>;

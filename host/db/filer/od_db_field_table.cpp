@@ -1,11 +1,14 @@
 #include "host/db/filer/od_db_field_table.h"
 
+#include "host/db/filer/od_db_embedded.h"
 #include "host/db/records/od_db_symbol_table.h"
 
 #include <cstring>
 #include <limits>
 
 namespace {
+
+constexpr int kMarker = 100;
 
 /// A point takes the codes of its other coordinates too.
 int coordinatesOf(OdDbFieldKind kind)
@@ -160,8 +163,9 @@ bool OdDbFieldTable::read(OdDbObject& object, int group, OdDbTag const& tag, OdD
 {
     if (group >= 0)
         return readInGroup(object, m_groups[static_cast<std::size_t>(group)], tag, resolver);
-    return std::any_of(m_groups.begin(), m_groups.end(),
-                       [&](Group const& each) { return readInGroup(object, each, tag, resolver); });
+    return std::any_of(m_groups.begin(), m_groups.end(), [&](Group const& each) {
+        return each.marker != kOdDbEmbeddedMarker && readInGroup(object, each, tag, resolver);
+    });
 }
 
 bool OdDbFieldTable::readInGroup(OdDbObject& object, Group const& group, OdDbTag const& tag,
@@ -202,7 +206,7 @@ bool OdDbFieldTable::write(OdDbObject const& object, int group, OdDbTagSink& sin
             continue;
         isWritten = true;
         if (!section.marker.empty() && !section.continues)
-            sink.text(100, section.marker);
+            sink.text(section.marker == kOdDbEmbeddedMarker ? kOdDbEmbeddedCode : kMarker, section.marker);
         int number = m_firstField[index];
         for (OdDbField const& field : section.fields) {
             void* const place = field.place(&source);

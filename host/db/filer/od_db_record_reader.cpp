@@ -1,5 +1,6 @@
 #include "host/db/filer/od_db_record_reader.h"
 
+#include "host/db/filer/od_db_embedded.h"
 #include "host/db/od_db_entity.h"
 
 namespace {
@@ -30,7 +31,10 @@ void OdDbRecordReader::put(OdDbTag const& tag)
     } else if (tag.code == kComment) {
         keep(tag);
     } else if (!takeEnvelope(tag)) {
-        bool const isKnown = m_unknownMarkerText.empty() && m_table.read(m_object, m_group, tag, m_resolver);
+        if (tag.is(kOdDbEmbeddedCode, kOdDbEmbeddedMarker))
+            enterEmbedded();
+        bool const isForeign = m_isInUnknownObject || !m_unknownMarkerText.empty();
+        bool const isKnown = !isForeign && m_table.read(m_object, m_group, tag, m_resolver);
         if (!isKnown)
             keep(tag);
     }
@@ -97,7 +101,8 @@ void OdDbRecordReader::takeGroupTag(OdDbTag const& tag)
 void OdDbRecordReader::enterSection(std::string_view marker)
 {
     m_hasMarker = true;
-    int const group = m_table.groupOf(marker);
+    m_isInUnknownObject = false;
+    int const group = marker == kOdDbEmbeddedMarker ? -1 : m_table.groupOf(marker);
     m_unknownMarkerText.clear();
     if (group >= 0) {
         m_group = group;
@@ -105,6 +110,20 @@ void OdDbRecordReader::enterSection(std::string_view marker)
     }
     m_unknownMarkerText = marker;
     m_object.editExtras().sections.push_back({m_group, m_unknownMarkerText, {}});
+}
+
+/// The tags that follow mean something else than above; what no section takes is kept in place.
+void OdDbRecordReader::enterEmbedded()
+{
+    if (!odCast<OdDbEntity>(&m_object))
+        return;
+    int const group = m_table.groupOf(kOdDbEmbeddedMarker);
+    m_isInUnknownObject = group < 0;
+    if (group < 0)
+        return;
+    m_hasMarker = true;
+    m_group = group;
+    m_unknownMarkerText.clear();
 }
 
 void OdDbRecordReader::keep(OdDbTag const& tag)

@@ -31,6 +31,7 @@ private:
     bool takeEnvelope(OdDbTag const& tag);
     void takeGroupTag(OdDbTag const& tag);
     void enterSection(std::string_view marker);
+    void enterEmbedded();
     void keep(OdDbTag const& tag);
 
     OdDbObject& m_object;
@@ -41,6 +42,7 @@ private:
     int m_group = -1;
     std::string m_unknownMarkerText; ///< of the section that is being read, when the table does not have it
     EBraces m_braces = EBraces::kNone;
+    bool m_isInUnknownObject = false; ///< an embedded one that the class has no section for
     bool m_hasMarker = false;
     bool m_isInExtendedData = false;
     bool m_isInPaperSpace = false;

@@ -8,6 +8,7 @@
 #include "host/db/records/od_db_layer_table_record.h"
 #include "host/db/records/od_db_layout.h"
 #include "host/db/records/od_db_linetype_table_record.h"
+#include "host/db/records/od_db_material.h"
 #include "host/db/records/od_db_place_holder.h"
 #include "host/db/records/od_db_reg_app_table_record.h"
 #include "host/db/records/od_db_table_kinds.h"
@@ -47,12 +48,6 @@ struct CurrentRow
     wchar_t const* name;
 };
 
-void writeMaterial(RawObjectRow const& row, OdDbTagSink& sink)
-{
-    sink.text(1, OdString(row.name));
-    sink.integer(94, 63);
-}
-
 /// Two lines, half a unit to either side.
 void writeMlineStyle(RawObjectRow const& row, OdDbTagSink& sink)
 {
@@ -86,11 +81,10 @@ constexpr DictionaryRow kDictionaries[] = {
 };
 
 constexpr RawObjectRow kRawObjects[] = {
-    {kMaterials,   L"ByBlock",  "MATERIAL",   "AcDbMaterial",   &writeMaterial},
-    {kMaterials,   L"ByLayer",  "MATERIAL",   "AcDbMaterial",   &writeMaterial},
-    {kMaterials,   L"Global",   "MATERIAL",   "AcDbMaterial",   &writeMaterial},
     {kMlineStyles, L"Standard", "MLINESTYLE", "AcDbMlineStyle", &writeMlineStyle},
 };
+
+constexpr wchar_t const* kMaterialNames[] = {L"ByBlock", L"ByLayer", L"Global"};
 
 constexpr LinetypeRow kLinetypes[] = {
     {L"ByBlock",    L""},
@@ -125,6 +119,7 @@ private:
 
     void addTables();
     void addDictionaries();
+    void addMaterials();
     void addRawObjects();
     void addPlotStyle();
     void addLinetypes();
@@ -145,6 +140,7 @@ void TemplateFill::run()
 {
     addTables();
     addDictionaries();
+    addMaterials();
     addRawObjects();
     addPlotStyle();
     addLinetypes();
@@ -195,6 +191,20 @@ void TemplateFill::addDictionaries()
         m_database.setNamedObjectsDictionaryId(m_database.addOdDbObject(new OdDbDictionary, {}));
     for (DictionaryRow const& row : kDictionaries)
         dictionary(row.name, row.dictionaryClass);
+}
+
+void TemplateFill::addMaterials()
+{
+    constexpr std::int32_t kFirstSixChannels = 63;
+    OdDbDictionaryPtr const materials = dictionary(kMaterials);
+    for (wchar_t const* const name : kMaterialNames) {
+        if (materials->has(name))
+            continue;
+        OdDbMaterialPtr const material(new OdDbMaterial);
+        material->setName(name);
+        material->setChannelFlags(kFirstSixChannels);
+        materials->setAt(name, material.get());
+    }
 }
 
 void TemplateFill::addRawObjects()

@@ -83,8 +83,9 @@ bool OdDbUndoLog::hasUndo() const
 
 void OdDbUndoLog::undo()
 {
+    bool const isUnchanged = m_running && m_records.back().steps.empty();
     end();
-    if (!hasUndo())
+    if (isUnchanged || !hasUndo())
         return;
     Undone& undone = m_undone.emplace_back();
     while (endsWith(EKind::kMark) || endsWith(EKind::kGroupBegin))

@@ -44,10 +44,13 @@ public:
     /// Whether a record can be taken back, the running one included.
     bool hasUndo() const;
     bool hasRedo() const { return !m_undone.empty(); }
-    /// Takes back the last unit, see below; nothing without one. Also works while recording is off.
+    /// Takes back the last unit, see below; nothing without one, and nothing while the running record holds no
+    /// change. Also works while recording is off.
     void undo();
     /// Brings again what the last call that undoes took back. Returns the names of the records, the oldest first.
     std::vector<OdString> redo();
+    /// What was taken back can no longer be brought again.
+    void forgetUndone() { m_undone.clear(); }
 
     /// @name Units: a closed group, or a record outside of closed groups
     /// @{

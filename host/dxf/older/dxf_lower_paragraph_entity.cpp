@@ -1,9 +1,8 @@
 // MTEXT as one TEXT for each line.
-#include "host/db/entities/od_db_text_metrics.h"
+#include "host/db/entities/od_db_paragraph.h"
 #include "host/db/od_db_angle.h"
 #include "host/db/records/od_db_symbol_table.h"
 #include "host/db/records/od_db_text_style_table_record.h"
-#include "host/dxf/older/dxf_lower_paragraphs.h"
 #include "host/dxf/older/dxf_lower_replace.h"
 #include "host/geom/od_ge_matrix3d.h"
 
@@ -14,7 +13,8 @@ namespace dxf {
 
 namespace {
 
-constexpr double kLineDistance = 5.0 / 3.0; // of lines with spacing 1, in heights
+using enum OdDbTextVerticalMode;
+constexpr OdDbTextVerticalMode kRows[] = {kTop, kMiddle, kBottom}; // of the attachment points
 
 /// What the lines of one MTEXT have in common, in the coordinates of their plane.
 struct Layout
@@ -22,12 +22,8 @@ struct Layout
     OdGePoint3d anchor;
     OdGeVector3d normal;
     double angle;
-    double height;
-    double distance;
-    double widthFactor;
-    OdDbTextHorizontalMode horizontal;
-    int row; ///< 0: the anchor is at the top, 1: in the middle, 2: at the bottom
     std::string_view style;
+    OdDbParagraph paragraph;
 };
 
 double widthFactorOf(OdDbDatabase const& database, std::string_view style)
@@ -50,13 +46,14 @@ Layout layoutOf(TagSpan section, OdDbDatabase const& database)
         if (direction.x != 0 || direction.y != 0)
             layout.angle = std::atan2(direction.y, direction.x);
     }
-    layout.height = realOf(section, 40, 1);
-    layout.distance = layout.height * kLineDistance * realOf(section, 44, 1);
     layout.style = textOf(section, 7);
-    layout.widthFactor = widthFactorOf(database, layout.style);
     auto const attachment = std::clamp<std::int64_t>(integerOf(section, 71, 1), 1, 9) - 1;
-    layout.horizontal = static_cast<OdDbTextHorizontalMode>(attachment % 3);
-    layout.row = static_cast<int>(attachment / 3);
+    layout.paragraph = {.height = realOf(section, 40, 1),
+                        .widthFactor = widthFactorOf(database, layout.style),
+                        .frameWidth = realOf(section, 41),
+                        .lineSpacing = realOf(section, 44, 1),
+                        .horizontal = static_cast<OdDbTextHorizontalMode>(attachment % 3),
+                        .vertical = kRows[attachment / 3]};
     return layout;
 }
 
@@ -69,51 +66,50 @@ std::string contentOf(TagSpan section)
     return content;
 }
 
-/// The line broken where it is wider than the frame; words stay whole.
-void breakLine(OdString const& line, double width, Layout const& layout, std::vector<OdString>& lines)
+/// A line of text where it goes, in the coordinates of the plane.
+struct PlacedLine
 {
-    std::wstring const& text = line.str();
-    std::wstring current;
-    for (std::size_t from = 0; from <= text.size();) {
-        std::size_t const end = std::min(text.find(L' ', from), text.size());
-        std::wstring const word = text.substr(from, end - from);
-        std::wstring const longer = from == 0 ? word : current + L' ' + word;
-        bool const fits =
-            width <= 0 || odDbTextWidth(OdString(longer), layout.height, layout.widthFactor) <= width;
-        if (fits || current.empty()) {
-            current = longer;
-        } else {
-            lines.emplace_back(current);
-            current = word;
-        }
-        from = end + 1;
-    }
-    lines.emplace_back(current);
-}
+    OdString text;
+    OdGePoint3d start; ///< of the baseline
+    OdGePoint3d anchor;
+};
 
-void putLine(OdString const& line, std::size_t number, std::size_t count, Layout const& layout, OdDbTagSink& sink)
+/// The lines that are not empty, which keep their place; none where a place goes beyond all numbers.
+std::vector<PlacedLine> placedLines(OdString const& contents, Layout const& layout)
 {
-    double const block = layout.height + layout.distance * static_cast<double>(count - 1);
-    double const top = block * layout.row / 2 - layout.distance * static_cast<double>(number);
-    double const width = odDbTextWidth(line, layout.height, layout.widthFactor);
-    OdGeVector2d const toAnchor =
-        odDbTextAnchor(layout.horizontal, OdDbTextVerticalMode::kTop, width, layout.height);
+    OdDbParagraph const& paragraph = layout.paragraph;
     OdGeVector3d const right(std::cos(layout.angle), std::sin(layout.angle), 0);
     OdGeVector3d const up(-right.y, right.x, 0);
-    OdGePoint3d const anchor = layout.anchor + up * top;
+    std::vector<PlacedLine> placed;
+    for (OdDbParagraph::Line const& line : paragraph.lines(contents)) {
+        if (line.text.isEmpty())
+            continue;
+        OdGeVector2d const toAnchor =
+            odDbTextAnchor(paragraph.horizontal, OdDbTextVerticalMode::kTop, line.width, paragraph.height);
+        OdGePoint3d const anchor = layout.anchor + up * line.top;
+        OdGePoint3d const start = anchor - right * toAnchor.x - up * toAnchor.y;
+        if (!isFinite(anchor) || !isFinite(start))
+            return {};
+        placed.push_back({line.text, start, anchor});
+    }
+    return placed;
+}
 
+void putLine(PlacedLine const& line, Layout const& layout, OdDbTagSink& sink)
+{
+    OdDbParagraph const& paragraph = layout.paragraph;
     sink.text(100, "AcDbText");
-    putPoint(10, anchor - right * toAnchor.x - up * toAnchor.y, sink);
-    sink.real(40, layout.height);
-    sink.text(1, line);
+    putPoint(10, line.start, sink);
+    sink.real(40, paragraph.height);
+    sink.text(1, line.text);
     if (layout.angle != 0)
         sink.real(50, odgeToDegrees(layout.angle));
-    if (layout.widthFactor != 1)
-        sink.real(41, layout.widthFactor);
+    if (paragraph.widthFactor != 1)
+        sink.real(41, paragraph.widthFactor);
     if (!layout.style.empty())
         sink.text(7, layout.style);
-    sink.integer(72, static_cast<std::int64_t>(layout.horizontal));
-    putPoint(11, anchor, sink);
+    sink.integer(72, static_cast<std::int64_t>(paragraph.horizontal));
+    putPoint(11, line.anchor, sink);
     putNormal(layout.normal, sink);
     sink.text(100, "AcDbText");
     sink.integer(73, static_cast<std::int64_t>(OdDbTextVerticalMode::kTop));
@@ -125,18 +121,13 @@ bool putParagraphs(TagSpan record, ReplacementTarget const& target)
 {
     TagSpan const section = sectionOf(record, "AcDbMText");
     Layout const layout = layoutOf(section, target.context.database);
-    std::vector<OdString> lines;
-    for (OdString const& line : plainLines(OdString::fromUtf8(contentOf(section))))
-        breakLine(line, realOf(section, 41), layout, lines);
     bool isFirst = true;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (lines[i].isEmpty())
-            continue; // keeps its place
+    for (PlacedLine const& line : placedLines(OdString::fromUtf8(contentOf(section)), layout)) {
         if (isFirst)
             putHead(record, "TEXT", target.sink);
         else
             putFurtherHead(record, "TEXT", target.handles.take(), ownerOf(record), target.sink);
-        putLine(lines[i], i, lines.size(), layout, target.sink);
+        putLine(line, layout, target.sink);
         if (std::exchange(isFirst, false))
             putAll(extendedDataOf(record), target.sink);
     }

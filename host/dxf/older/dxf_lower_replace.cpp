@@ -199,7 +199,8 @@ OdDbHandle ownerOf(TagSpan record)
 OdGeVector3d normalOf(TagSpan section)
 {
     OdGeVector3d const normal = pointOf(section, 210, {0, 0, 1}).asVector();
-    return normal.isZeroLength() ? OdGeVector3d::kZAxis : normal;
+    // The length of a monstrous one is infinite, so that it has no direction either.
+    return normal.normal().isZeroLength() ? OdGeVector3d::kZAxis : normal;
 }
 
 } // namespace dxf

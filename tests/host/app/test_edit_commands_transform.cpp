@@ -17,6 +17,7 @@ class TestTransformingCommands : public DrawScriptTest
     CPPUNIT_TEST(scales);
     CPPUNIT_TEST(mirrors);
     CPPUNIT_TEST(mirrorsTextsReadably);
+    CPPUNIT_TEST(mirrorsMultilineTextsReadably);
     CPPUNIT_TEST(attributesOfAMirroredReferenceStayReadable);
     CPPUNIT_TEST(worksInATurnedUserCoordinateSystem);
     CPPUNIT_TEST(leavesLockedLayersAlone);
@@ -82,6 +83,23 @@ public:
         setUp();
         feed(L"MIRRTEXT|1|TEXT|5,1|2|0|abc||MIRROR|ALL||0,0|0,1|Y");
         CPPUNIT_ASSERT_EQUAL(std::string("TEXT abc -5,1 h2 r0 mirrored in x"), drawn().toUtf8());
+    }
+
+    void mirrorsMultilineTextsReadably()
+    {
+        OdDbMTextPtr const text = new OdDbMText;
+        text->setContents(L"abc");
+        text->setLocation({5, 1, 0});
+        openModelSpace()->appendOdDbEntity(text);
+        text->upgradeOpen();
+        feed(L"MIRROR|ALL||0,0|0,1|Y");
+        CPPUNIT_ASSERT(text->location() == OdGePoint3d(-5, 1, 0));
+        CPPUNIT_ASSERT(text->attachment() == OdDbMTextAttachment::kTopRight);
+        CPPUNIT_ASSERT(text->normal() == OdGeVector3d::kZAxis && text->direction() == OdGeVector3d::kXAxis);
+        feed(L"MIRROR|ALL||0,0|1,0|Y");
+        CPPUNIT_ASSERT(text->attachment() == OdDbMTextAttachment::kBottomRight);
+        feed(L"MIRRTEXT|1|MIRROR|ALL||0,0|0,1|Y");
+        CPPUNIT_ASSERT(text->normal() == -OdGeVector3d::kZAxis);
     }
 
     void attributesOfAMirroredReferenceStayReadable()

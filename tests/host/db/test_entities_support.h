@@ -140,7 +140,7 @@ inline OdDbTag testTag(std::string_view text)
     std::size_t const blank = text.find(' ');
     int const code = std::stoi(std::string(text.substr(0, blank)));
     std::string_view const value = text.substr(blank + 1);
-    bool const isText = code < 10 || code == 100;
+    bool const isText = code < 10 || code == 100 || code == 101;
     if (isText)
         return OdDbTag::ofText(code, value);
     if (value.find('.') != std::string_view::npos)

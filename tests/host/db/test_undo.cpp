@@ -139,6 +139,17 @@ public:
         m_database->undo();
         m_database->undo();
         CPPUNIT_ASSERT_EQUAL(2.0, lengthOf(line));
+
+        m_database->startUndoRecord();
+        setLength(line, 3);
+        m_database->startUndoRecord();
+        m_database->undo(); // the running record holds nothing; those before it stay
+        CPPUNIT_ASSERT_EQUAL(3.0, lengthOf(line));
+        m_database->undo();
+        CPPUNIT_ASSERT_EQUAL(2.0, lengthOf(line));
+        m_database->undoLog().forgetUndone();
+        m_database->redo();
+        CPPUNIT_ASSERT_EQUAL(2.0, lengthOf(line));
     }
 
     void undoesWhileRecordingIsOff()

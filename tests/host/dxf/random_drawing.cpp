@@ -11,7 +11,7 @@
 namespace {
 
 constexpr std::string_view kUnknownEntities[] = {"GADGET", "HATCH", "ACAD_PROXY_ENTITY", "HELIX", "3DSOLID"};
-constexpr std::string_view kUnknownObjects[] = {"THING", "XRECORD", "ACAD_PROXY_OBJECT", "FIELD", "MATERIAL"};
+constexpr std::string_view kUnknownObjects[] = {"THING", "XRECORD", "ACAD_PROXY_OBJECT", "FIELD", "SUN"};
 constexpr std::string_view kKnownSections[] = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
 
 OdDbObjectPtr created(OdRxClass const& cls)

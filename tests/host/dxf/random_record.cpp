@@ -1,6 +1,7 @@
 #include "tests/host/dxf/random_record.h"
 
 #include "host/db/entities/od_db_block_reference.h"
+#include "host/db/filer/od_db_embedded.h"
 #include "host/db/od_dxf_code.h"
 #include "host/db/records/od_db_dim_variable.h"
 
@@ -141,14 +142,20 @@ void RandomRecord::putGroup(OdDbObject const& object, std::string_view marker, S
         void (RandomRecord::*put)(Sink& sink);
     };
     constexpr Tail kTails[] = {
-        {"AcDbPolyline", &RandomRecord::putVertices},  {"AcDbLinetypeTableRecord", &RandomRecord::putDashes},
-        {"AcDbDictionary", &RandomRecord::putEntries}, {"AcDbDimStyleTableRecord", &RandomRecord::putDimVariables},
-        {"AcDbAttribute", &RandomRecord::putVersion},  {"AcDbAttributeDefinition", &RandomRecord::putVersion},
-        {"AcDbSpline", &RandomRecord::putSplineLists}, {"AcDbTrace", &RandomRecord::putLastCorner},
+        {"AcDbPolyline", &RandomRecord::putVertices},
+        {"AcDbLinetypeTableRecord", &RandomRecord::putDashes},
+        {"AcDbDictionary", &RandomRecord::putEntries},
+        {"AcDbDimStyleTableRecord", &RandomRecord::putDimVariables},
+        {"AcDbAttribute", &RandomRecord::putVersion},
+        {"AcDbAttributeDefinition", &RandomRecord::putVersion},
+        {"AcDbSpline", &RandomRecord::putSplineLists},
+        {"AcDbTrace", &RandomRecord::putLastCorner},
         {"AcDbFace", &RandomRecord::putLastCorner},
+        {"AcDbMText", &RandomRecord::putParagraphs},
+        {kOdDbEmbeddedMarker, &RandomRecord::putEmbedded},
     };
     if (!marker.empty())
-        sink.text(kMarker, marker);
+        sink.text(marker == kOdDbEmbeddedMarker ? kOdDbEmbeddedCode : kMarker, marker);
     for (OdDbSection const& section : object.fieldTable().sections())
         if (section.marker == marker)
             for (OdDbField const& field : section.fields)
@@ -290,4 +297,25 @@ void RandomRecord::putLastCorner(Sink& sink)
     double const corner[] = {m_values.real(), m_values.real(), m_values.real()};
     if (!m_values.oneIn(3))
         sink.point(13, corner, 3);
+}
+
+/// Contents in pieces, and the direction in both forms.
+void RandomRecord::putParagraphs(Sink& sink)
+{
+    for (auto count = m_values.below(3); count > 0; --count)
+        sink.text(3, m_values.text());
+    if (m_values.oneIn(2))
+        sink.text(1, m_values.text());
+    for (auto count = m_values.below(4); count > 0; --count)
+        sink.real(m_values.oneIn(2) ? 50 : 11 + 10 * static_cast<int>(m_values.below(3)), m_values.real());
+}
+
+void RandomRecord::putEmbedded(Sink& sink)
+{
+    for (int const code : {70, 71, 72})
+        sink.integer(code, m_values.integer(16));
+    for (int const code : {10, 20, 30, 11, 21, 31, 40, 41, 42})
+        sink.real(code, m_values.real());
+    sink.text(1, m_values.text());
+    sink.real(44, m_values.real());
 }

@@ -57,6 +57,8 @@ private:
     void putVersion(Sink& sink);
     void putSplineLists(Sink& sink);
     void putLastCorner(Sink& sink);
+    void putParagraphs(Sink& sink);
+    void putEmbedded(Sink& sink);
 
     OdDbDatabase& m_database;
     RandomValues& m_values;

@@ -1,4 +1,3 @@
-#include "host/dxf/older/dxf_lower_paragraphs.h"
 #include "host/dxf/older/dxf_lower_spline.h"
 #include "tests/host/dxf/lowered_text.h"
 
@@ -20,7 +19,6 @@ class LoweringReplacementsTest : public CppUnit::TestFixture
     CPPUNIT_TEST(splinesThatAreNone);
     CPPUNIT_TEST(helices);
     CPPUNIT_TEST(paragraphs);
-    CPPUNIT_TEST(plainText);
     CPPUNIT_TEST(endlessLines);
     CPPUNIT_TEST_SUITE_END();
 
@@ -149,22 +147,6 @@ class LoweringReplacementsTest : public CppUnit::TestFixture
                              texts.substr(0, texts.find("TEXT", 5) + 5));
         CPPUNIT_ASSERT(texts.find(" 1 Three 7 STANDARD 72 0 11 10.0 21 10.0 31 0.0 73 3 ") != std::string::npos);
         CPPUNIT_ASSERT(!file.has("\nMTEXT\n"));
-    }
-
-    void plainText()
-    {
-        auto const lines = [](wchar_t const* text) {
-            std::string joined;
-            for (OdString const& line : dxf::plainLines(text))
-                joined += '[' + line.toUtf8() + ']';
-            return joined;
-        };
-        CPPUNIT_ASSERT_EQUAL(std::string("[a][b][]"), lines(L"a\\Pb\\P"));
-        CPPUNIT_ASSERT_EQUAL(std::string("[{x} \\ y]"), lines(L"\\{x\\}\\~\\\\ y"));
-        CPPUNIT_ASSERT_EQUAL(std::string("[1/2 3/4]"), lines(L"\\S1/2; \\H0.7x;\\S3#4;"));
-        CPPUNIT_ASSERT_EQUAL(std::string("[a %%uunder][%%uline%%u end]"), lines(L"a \\Lunder\\Pline\\l end"));
-        CPPUNIT_ASSERT_EQUAL(std::string("[\\U+2205 %%d ^ x]"), lines(L"\\U+2205 %%d ^ \\C1;\\W1.2; x"));
-        CPPUNIT_ASSERT_EQUAL(std::string("[open]"), lines(L"open\\fArial"));
     }
 
     void endlessLines()

@@ -1,8 +1,6 @@
-#include "host/dxf/older/dxf_lower_paragraphs.h"
+#include "host/db/entities/od_db_plain_lines.h"
 
 #include <string_view>
-
-namespace dxf {
 
 namespace {
 
@@ -118,9 +116,7 @@ private:
 
 } // namespace
 
-std::vector<OdString> plainLines(OdString const& formatted)
+std::vector<OdString> odDbPlainLines(OdString const& formatted)
 {
     return PlainText(formatted.str()).lines();
 }
-
-} // namespace dxf
