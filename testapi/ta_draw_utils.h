@@ -1,8 +1,11 @@
 #pragma once
 
-// Drawing utilities for tests: values and corners to hand to commands, and entities made of plain data.
+// Drawing utilities for tests: values and corners to hand to commands, entities made of plain data, records with
+// names of their own, the user coordinate system, scripts and saving.
 
 #include "testapi/ta_host.h"
+
+#include <optional>
 
 namespace ta {
 
@@ -36,5 +39,46 @@ OdDbSplinePtr createOdDbSpline(int degree, bool isRational, bool isClosed, OdGeP
                                OdGeKnotVector const& knots, OdGeDoubleArray const* weights = nullptr,
                                double tolerance = 1e-7);
 /// @}
+
+/// What a new layer has beside its name; what is not given is the default of new layers.
+struct LayerProperties
+{
+    std::optional<OdCmColor> color;
+    OdDbObjectId linetype;
+    std::optional<int> lineWeight; ///< hundredths of a millimetre, or -3 for the default
+};
+
+/// @name Records
+/// Each adds a new record to the drawing, under the prefix and a number that make a name of its own, and returns
+/// its id. Where that fails, nothing is added.
+/// @{
+/// Throws OdError: eOutOfRange for a color or weight that layers cannot have, eWrongDatabase for a linetype of
+/// another drawing.
+OdDbObjectId createLayer(OdDbDatabase& database, wchar_t const* prefix = L"Layer_",
+                         LayerProperties const& properties = {});
+OdDbObjectId createTextStyle(OdDbDatabase& database, wchar_t const* prefix = L"Style_");
+OdDbObjectId createMaterial(OdDbDatabase& database, wchar_t const* prefix = L"Material_");
+OdDbObjectId createDimStyle(OdDbDatabase& database, wchar_t const* prefix = L"DStyle_");
+/// @}
+
+/// Makes the world coordinate system, turned about its X axis, then about the Y axis that came of it, then about
+/// the Z axis, current in the document. Degrees; an angle up to 1e-10 counts as none.
+void setUCS(ca::CaDoc& doc, double rotX, double rotY, double rotZ);
+/// Moves the origin of the current user coordinate system to a point of the world.
+void setUCSORG(ca::CaDoc& doc, OdGePoint3d const& origin);
+
+/// Runs a script. Each line is input to the command line, as if typed: a blank (or tab) ends an answer like Enter
+/// does, so "LINE 0,0 1,1" are three answers, and an empty line, two blanks in a row and a blank at the end of a
+/// line are an empty one. Where the command asks for a text (names of files and layers, the text of a TEXT), the
+/// rest of the line is one answer with its blanks. Lines that begin with ";" are comments. File names are asked
+/// for without dialogs, and the history of the command line does not show the answers.
+///
+/// Fails the test, naming the line, at an answer that is refused; that cancels the command, and the rest of the
+/// script is not run. A command that needs more answers than the script has goes on waiting.
+void executeCommands(OdString const& text);
+
+/// Saves the drawing in the current format, whatever the extension; references to environment variables are
+/// expanded. Documents keep their names. Fails the test with the reason where it cannot be done.
+void saveFile(OdDbDatabase const& database, OdString const& fileName);
 
 } // namespace ta

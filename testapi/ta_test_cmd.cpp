@@ -40,8 +40,6 @@ void addPlaceOfOperation(CppUnit::Exception& failure, std::wstring const& path, 
 
 } // namespace
 
-TestHelperMark::~TestHelperMark() = default;
-
 long lineNumber(std::wstring const& path, long offset)
 {
     if (offset < 0)

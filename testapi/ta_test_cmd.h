@@ -18,13 +18,6 @@
 
 namespace ta {
 
-/// Marker base of test helpers.
-class TestHelperMark
-{
-public:
-    virtual ~TestHelperMark();
-};
-
 /// The 1-based line of a text file in which the byte at `offset` stands, an unterminated last line included. 0 for
 /// a negative offset, one behind the end, and a file that cannot be read.
 long lineNumber(std::wstring const& path, long offset);

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace ta {
+
+/// Marker base of test helpers.
+class TestHelperMark
+{
+public:
+    virtual ~TestHelperMark();
+};
+
+} // namespace ta
