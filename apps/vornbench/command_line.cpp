@@ -1,5 +1,7 @@
 #include "apps/vornbench/command_line.h"
 
+#include "host/ut/ut_number.h"
+
 #include <CLI/CLI.hpp>
 
 #include <ostream>
@@ -8,8 +10,8 @@ namespace {
 
 constexpr char const* version = "vornbench 0.1.0";
 
-constexpr char const* description =
-    "Runs command tests and other test modules inside the embedded CAD application; audits and converts drawings.";
+constexpr char const* description = "Runs command tests and other test modules inside the embedded CAD "
+                                    "application; audits, converts and compares drawings.";
 
 constexpr char const* testsFooter = R"(
 Filters
@@ -27,7 +29,7 @@ Exit codes
 constexpr char const* drawingsFooter = R"(
 Exit codes
   0  nothing to complain of          3  internal error
-  1  audit: something was mended, left out or found
+  1  audit: something was mended, left out or found; compare: the drawings differ
   4  a drawing could not be opened or saved, or the command line cannot be used
 
 Drawings
@@ -91,6 +93,25 @@ CLI::App* addConvert(CLI::App& app, Options& options)
     return convert;
 }
 
+std::string toleranceFault(std::string const& text)
+{
+    double value = 0;
+    bool const isTolerance = ut::parseReal(std::string_view(text), value) && value >= 0;
+    return isTolerance ? std::string() : "'" + text + "' is no tolerance, which is a number from 0 on";
+}
+
+CLI::App* addCompare(CLI::App& app, Options& options)
+{
+    CLI::App* const compare = app.add_subcommand("compare", "say in what two drawings differ");
+    compare->add_option("A", options.first, "a drawing")->required()->type_name(" ");
+    compare->add_option("B", options.second, "the drawing to compare it with")->required()->type_name(" ");
+    compare->add_option("--tolerance", options.tolerance, "what numbers may differ by; without it 1e-6")
+        ->check(toleranceFault)
+        ->type_name("T");
+    compare->add_option("--json", options.jsonFile, "write all differences for other programs")->type_name("FILE");
+    return compare;
+}
+
 /// A command of the program, and what it is in the options.
 struct Subcommand
 {
@@ -104,6 +125,7 @@ constexpr Subcommand subcommands[] = {
     {Command::List, &addList, testsFooter},
     {Command::Audit, &addAudit, drawingsFooter},
     {Command::Convert, &addConvert, drawingsFooter},
+    {Command::Compare, &addCompare, drawingsFooter},
 };
 
 } // namespace
@@ -129,7 +151,7 @@ std::variant<Options, ExitCode> parseCommandLine(int argc, char const* const* ar
         return app.exit(error, out, err) == 0 ? ExitCode::AllPassed : ExitCode::Usage;
     }
     if (app.get_subcommands().empty()) {
-        err << "vornbench: what to do is missing: run, list, audit or convert (--help tells more)\n";
+        err << "vornbench: what to do is missing: run, list, audit, convert or compare (--help tells more)\n";
         return ExitCode::Usage;
     }
     return options;

@@ -11,3 +11,5 @@ ExitCode listTests(Options const& options);
 ExitCode auditDrawings(Options const& options);
 /// Opens a drawing and saves it in another release or form.
 ExitCode convertDrawing(Options const& options);
+/// Tells everything in which two drawings differ.
+ExitCode compareDrawings(Options const& options);

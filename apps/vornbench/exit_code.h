@@ -13,5 +13,7 @@ enum class ExitCode
     // The same numbers for commands on drawings.
     FilesFine = 0,
     FilesDamaged = 1, ///< something was mended, left out or found
-    FileUnusable = 4  ///< could not be opened or saved
+    DrawingsEqual = 0,
+    DrawingsDiffer = 1,
+    FileUnusable = 4 ///< could not be opened or saved
 };

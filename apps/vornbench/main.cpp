@@ -15,6 +15,7 @@ ExitCode execute(Options const& options)
     case Command::List: return listTests(options);
     case Command::Audit: return auditDrawings(options);
     case Command::Convert: return convertDrawing(options);
+    case Command::Compare: return compareDrawings(options);
     }
     return ExitCode::InternalError;
 }

@@ -8,7 +8,8 @@ enum class Command
     Run,
     List,
     Audit,
-    Convert
+    Convert,
+    Compare
 };
 enum class Verbosity
 {
@@ -34,4 +35,9 @@ struct Options
     std::string output;  ///< where to save it
     std::string release; ///< to convert to; empty: that of the drawing
     bool binary = false; ///< convert to binary form, whatever the form of the drawing
+
+    std::string first; ///< drawings to compare
+    std::string second;
+    double tolerance = 1e-6; ///< what numbers may differ by
+    std::string jsonFile;    ///< for the differences; empty: none
 };

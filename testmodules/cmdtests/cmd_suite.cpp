@@ -1,8 +1,7 @@
 #include "testmodules/cmdtests/cmd_suite.h"
 
 #include "testmodules/cmdtests/broken_node_test.h"
-
-#include "testapi/ta_test_cmd.h"
+#include "testmodules/cmdtests/reference_test.h"
 
 namespace {
 
@@ -55,7 +54,7 @@ void CmdSuite::addTestCase(CppUnit::TestBench*, pugi::xml_node const& node)
     testFile.normalize(ut::FileName::kAllButCase, ut::FileName(file).getPath());
     if (!testFile.fileExists())
         return addBroken(node, L"Test file not found: " + testFile.getFullPath().str());
-    addTest(new ta::TestCmdArg(textOf(node, L"name"), testFile.getFullPath().str()));
+    addTest(new ReferenceTest(textOf(node, L"name"), testFile.getFullPath().str()));
 }
 
 void CmdSuite::addBroken(pugi::xml_node const& node, std::wstring const& mistake)

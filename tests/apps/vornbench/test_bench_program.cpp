@@ -156,7 +156,7 @@ private:
             {{"run", "tests.xml"}, 1, ""},
             {{"run", "tests.xml", "nothing"}, 5, "no test matches the filter 'nothing'"},
             {{"list", "tests.xml", "nothing"}, 5, "selected 0 of 10 tests"},
-            {{}, 4, "what to do is missing: run, list, audit or convert"},
+            {{}, 4, "what to do is missing: run, list, audit, convert or compare"},
             {{"walk", "tests.xml"}, 4, "walk"},
             {{"run"}, 4, "CONFIG is required"},
             {{"run", "tests.xml", "--junt", "x"}, 4, "--junt"},

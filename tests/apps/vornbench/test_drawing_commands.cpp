@@ -1,24 +1,12 @@
 // Runs `vornbench audit` and `vornbench convert` on small drawings.
 #include "tests/apps/vornbench/program_run.h"
+#include "tests/apps/vornbench/small_drawing.h"
 #include "tests/support/approved_text.h"
 #include "tests/support/temp_folder.h"
 
 #include <cppunit/extensions/HelperMacros.h>
 
 namespace {
-
-/// A drawing of groups written "code value", with a header that names its release.
-std::string drawing(std::string const& release, std::string const& groups)
-{
-    std::string text;
-    std::istringstream lines("0 SECTION\n2 HEADER\n9 $ACADVER\n1 " + release + "\n9 $OWNVAR\n70 1\n0 ENDSEC\n" +
-                             "0 SECTION\n2 ENTITIES\n" + groups + "0 ENDSEC\n0 EOF\n");
-    for (std::string line; std::getline(lines, line);) {
-        std::size_t const blank = line.find(' ');
-        text += line.substr(0, blank) + "\n" + line.substr(blank + 1) + "\n";
-    }
-    return text;
-}
 
 constexpr char s_line[] = "0 LINE\n5 A1\n8 0\n10 1.5\n20 0.0\n11 4.0\n21 0.0\n";
 constexpr char s_faults[] = "0 CIRCLE\n5 A2\n8 0\n10 0.0\n20 0.0\n40 0.0\n"
@@ -41,8 +29,8 @@ class DrawingCommandsTest : public CppUnit::TestFixture
 public:
     void setUp() override
     {
-        m_folder.write("fine.dxf", drawing("AC1015", s_line));
-        m_folder.write("faulty.dxf", drawing("AC1024", std::string(s_line) + s_faults));
+        m_folder.write("fine.dxf", smallDrawing("AC1015", s_line));
+        m_folder.write("faulty.dxf", smallDrawing("AC1024", std::string(s_line) + s_faults));
         m_folder.write("text.dxf", "no drawing\n");
     }
 
@@ -91,7 +79,7 @@ private:
         CPPUNIT_ASSERT(m_folder.read("b.dxf").starts_with("AutoCAD Binary DXF\r\n\x1A"));
         assertConverts({"b.dxf", "c.dxf", "--release", "R2018"}, "(R2000, binary) -> c.dxf (R2018, binary)",
                        "AC1032");
-        m_folder.write("r9.dxf", drawing("AC1004", s_line));
+        m_folder.write("r9.dxf", smallDrawing("AC1004", s_line));
         assertConverts({"r9.dxf", "a.dxf"}, "(R9, text) -> a.dxf (R12, text)", "AC1009");
         ProgramRun const mended = bench({"convert", "faulty.dxf", "a.dxf"});
         CPPUNIT_ASSERT_EQUAL(0, mended.exitCode);

@@ -1,0 +1,129 @@
+#include "testmodules/cmdtests/reference_test.h"
+
+#include "testmodules/cmdtests/reference_findings.h"
+
+#include <iostream>
+
+namespace {
+
+constexpr char s_area[] = "testmodules/cmdtests";
+
+/// An attribute that may be missing; false only where its text is no such value.
+template <class T>
+bool readOptional(pugi::xml_node node, wchar_t const* name, T& value)
+{
+    return !node.attribute(name) || oa::readAttr(node, name, value);
+}
+
+void readTolerance(pugi::xml_node node, wchar_t const* name, double& value)
+{
+    TA_CHECK(readOptional(node, name, value) && value >= 0,
+             L"%ls is no tolerance, which is a number from 0 on: '%ls'", name, node.attribute(name).value());
+}
+
+ta::Comparison::Options optionsOf(pugi::xml_node node)
+{
+    ta::Comparison::Options options;
+    readTolerance(node, L"tolerance", options.tolerance);
+    options.relTolerance = options.eps = options.tolerance;
+    readTolerance(node, L"relTolerance", options.relTolerance);
+    TA_CHECK(readOptional(node, L"skipCommonProps", options.skipCommonProps),
+             L"skipCommonProps is neither true nor false: '%ls'", node.attribute(L"skipCommonProps").value());
+    return options;
+}
+
+OdDbEntityPtr openedEntity(OdDbObjectId id, OdString const& name)
+{
+    TA_CHECK(!id.isErased(), L"Entity %ls is erased", name.c_str());
+    return id.open<OdDbEntity>();
+}
+
+/// Names and handles in the tested drawing, and what stands for them in the reference drawing.
+struct EntityLists
+{
+    OdArray<OdString> entities;
+    OdArray<OdString> references; ///< empty: those of equal handle
+
+    explicit EntityLists(pugi::xml_node node)
+        : entities(ta::TestCmdArg::tokenizeNamesString(node.attribute(L"entities").value()))
+    {
+        pugi::xml_attribute const given = node.attribute(L"references");
+        if (!given)
+            return;
+        references = ta::TestCmdArg::tokenizeNamesString(given.value());
+        TA_CHECK(entities.size() == references.size(), L"%d entities, but %d references", int(entities.size()),
+                 int(references.size()));
+    }
+};
+
+void compareEntities(EntityLists const& lists, ta::TestCmdArg const& test,
+                     ta::TestCmdArg::ReferenceContext const& context, ta::DrawingComparison& comparison)
+{
+    for (std::size_t i = 0; i < lists.entities.size(); ++i) {
+        OdString const& name = lists.entities[i];
+        OdDbObjectId const id = test.getObjectId(name);
+        TA_CHECK(id.database() == test.curDb(), L"Entity %ls is not in the current drawing", name.c_str());
+        OdString const reference = lists.references.empty() ? id.getHandle().ascii() : lists.references[i];
+        comparison.entities(*openedEntity(id, name), *openedEntity(context.getObjectId(reference), reference));
+    }
+}
+
+std::vector<OdDbObjectId> modelSpaceEntities(OdDbDatabase const& database)
+{
+    std::vector<OdDbObjectId> ids;
+    auto const space = database.getModelSpaceId().open<OdDbBlockTableRecord>();
+    for (OdDbObjectIterator it = space->newIterator(); !it.done(); it.step())
+        ids.push_back(it.objectId());
+    return ids;
+}
+
+/// How many entities the drawings have, and the first one too many; empty when the numbers agree.
+OdString countProblem(OdDbDatabase const& actual, OdDbDatabase const& expected)
+{
+    std::vector<OdDbObjectId> const actualIds = modelSpaceEntities(actual);
+    std::vector<OdDbObjectId> const expectedIds = modelSpaceEntities(expected);
+    if (actualIds.size() == expectedIds.size())
+        return {};
+    bool const isMore = actualIds.size() > expectedIds.size();
+    OdDbObjectId const extra = isMore ? actualIds[expectedIds.size()] : expectedIds[actualIds.size()];
+    return odFormat(L"Entities in model space: %d, in the reference: %d; the first one %ls: %ls, handle %ls",
+                    int(actualIds.size()), int(expectedIds.size()), isMore ? L"too many" : L"missing",
+                    extra.safeOpenObject()->isA()->name().c_str(), extra.getHandle().ascii().c_str());
+}
+
+void compareModelSpaces(OdDbDatabase const& actual, OdDbDatabase const& expected,
+                        ta::DrawingComparison& comparison, ReferenceFindings& findings)
+{
+    OdString const problem = countProblem(actual, expected);
+    if (problem.isEmpty())
+        comparison.entitiesInOrder(actual.getModelSpaceId(), expected.getModelSpaceId());
+    else
+        findings.add(problem, {s_area, __LINE__});
+}
+
+} // namespace
+
+void ReferenceTest::assertReference(ReferenceContext const& context)
+{
+    pugi::xml_node const node = context.node();
+    ta::Comparison::Options const options = optionsOf(node);
+    if (!context.referenceDb())
+        context.getObjectId(OdString()); // fails, and says what is missing
+    if (!curDb())
+        throw OdError(eNoDocument);
+
+    OdDbDatabase const &actual = *curDb(), &expected = *context.referenceDb();
+    ReferenceFindings findings(*this, resolvedFileName(node.attribute(L"dwgName").value()).getFullPath());
+    ta::DrawingComparison comparison(actual, expected, options,
+                                     [&](ta::DrawingDifference const& difference) { findings.add(difference); });
+    comparison.recordsOfEqualName();
+    if (node.attribute(L"entities"))
+        compareEntities(EntityLists(node), *this, context, comparison);
+    else
+        compareModelSpaces(actual, expected, comparison, findings);
+
+    OdString const note = ReferenceFindings::fieldsNote(comparison.comparedByFields());
+    findings.failIfAny(note);
+    if (!note.isEmpty())
+        std::cout << note.toUtf8() << std::endl;
+}
