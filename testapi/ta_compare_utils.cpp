@@ -43,7 +43,8 @@ bool doublesAreEqual(double const& a, double const& b, double const& relTol, dou
     double const mantissaA = getMantissaAndDegree(a, degreeA);
     double const mantissaB = getMantissaAndDegree(b, degreeB);
     double const degree = std::max(degreeA, degreeB);
-    double const allowed = getDegree(relTol) + degree <= -s_mostDigits ? std::pow(10.0, -s_mostDigits - degree) : relTol;
+    double const allowed =
+        getDegree(relTol) + degree <= -s_mostDigits ? std::pow(10.0, -s_mostDigits - degree) : relTol;
     return std::abs(mantissaA - mantissaB) <= allowed;
 }
 

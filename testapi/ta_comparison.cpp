@@ -24,6 +24,12 @@ OdString textOfCoordinates(std::span<double const> values)
 
 } // namespace
 
+OdString classNameOf(OdDbObject const& object)
+{
+    bool const isKept = odCast<OdDbRawEntity>(&object) || odCast<OdDbRawObject>(&object);
+    return isKept ? OdString::fromUtf8(object.dxfName()) : object.isA()->name();
+}
+
 void FailingSink::differs(Difference const& difference)
 {
     CppUnit::Message text("assertion failed");
@@ -60,9 +66,17 @@ bool Comparison::nearCoordinates(double const (&actual)[N], double const (&expec
     }
     if (isNear)
         return true;
-    auto const text = [](double const(&values)[N]) { return N == 1 ? textOf(values[0]) : textOfCoordinates(values); };
-    tell({.expression = nullptr, .message = {}, .expected = text(expected), .actual = text(actual), .offBy = offBy,
-          .allowed = allowed, .part = {}, .place = {}},
+    auto const text = [](double const(&values)[N]) {
+        return N == 1 ? textOf(values[0]) : textOfCoordinates(values);
+    };
+    tell({.expression = nullptr,
+          .message = {},
+          .expected = text(expected),
+          .actual = text(actual),
+          .offBy = offBy,
+          .allowed = allowed,
+          .part = {},
+          .place = {}},
          check);
     return false;
 }
@@ -109,7 +123,11 @@ bool Comparison::holds(bool condition, double actual, double expected, Check con
 
 void Comparison::tellExact(OdString const& expected, OdString const& actual, Check const& check)
 {
-    tell({.expression = check.expression, .message = {}, .expected = expected, .actual = actual, .part = {},
+    tell({.expression = check.expression,
+          .message = {},
+          .expected = expected,
+          .actual = actual,
+          .part = {},
           .place = {}},
          check);
 }
@@ -157,7 +175,7 @@ OdString Comparison::textOf(OdDbObjectId id)
     OdDbObject const& object = *id.stub()->object;
     if (auto const* record = odCast<OdDbSymbolTableRecord>(&object))
         return L"\"" + record->getName() + L"\"";
-    return object.isA()->name() + L" " + id.getHandle().ascii();
+    return classNameOf(object) + L" " + id.getHandle().ascii();
 }
 
 } // namespace ta

@@ -18,12 +18,16 @@ struct Difference
     char const* expression;
     OdString message; ///< as "Incorrect radius value"
     OdString expected;
-    OdString actual;     ///< both values are empty where the check has none
-    double offBy = 0;    ///< for a comparison with a tolerance: the largest difference of a coordinate,
-    double allowed = 0;  ///< and what it may be
-    OdString part;       ///< as "vertex 3"; empty for the entity itself
+    OdString actual;    ///< both values are empty where the check has none
+    double offBy = 0;   ///< for a comparison with a tolerance: the largest difference of a coordinate,
+    double allowed = 0; ///< and what it may be
+    OdString part;      ///< as "vertex 3"; empty for the entity itself
     Place place;
 };
+
+/// The class of an object as messages name it: "OdDbLine", or, for one of a class that the host does not know, its
+/// name in drawing files ("HATCH").
+OdString classNameOf(OdDbObject const& object);
 
 /// Is told of differences. To end the comparison at the first one, throw.
 class DifferenceSink
@@ -101,7 +105,10 @@ public:
     bool holds(bool condition, double actual, double expected, Check const& check);
     /// @}
 
-    bool same(OdDbObjectId id1, OdDbObjectId id2) const { return m_bridge ? m_bridge->same(id1, id2) : id1 == id2; }
+    bool same(OdDbObjectId id1, OdDbObjectId id2) const
+    {
+        return m_bridge ? m_bridge->same(id1, id2) : id1 == id2;
+    }
     template <class T>
     bool same(T const& a, T const& b) const
     {
@@ -134,11 +141,8 @@ public:
     /// The name of a record, else the class and handle.
     static OdString textOf(OdDbObjectId id);
     template <class T>
-        requires std::is_integral_v<T> || std::is_enum_v<T>
-    static OdString textOf(T value)
-    {
-        return textOfInteger(static_cast<long long>(value));
-    }
+    requires std::is_integral_v<T> || std::is_enum_v<T>
+    static OdString textOf(T value) { return textOfInteger(static_cast<long long>(value)); }
     /// @}
 
 private:
@@ -150,7 +154,8 @@ private:
 
     static OdString textOfInteger(long long value);
     template <std::size_t N>
-    bool nearCoordinates(double const (&actual)[N], double const (&expected)[N], double allowed, Check const& check);
+    bool nearCoordinates(double const (&actual)[N], double const (&expected)[N], double allowed,
+                         Check const& check);
     void tellExact(OdString const& expected, OdString const& actual, Check const& check);
     void tell(Difference difference, Check const& check);
     void commonProperties(OdDbEntity const& pEnt1, OdDbEntity const& pEnt2);

@@ -63,21 +63,19 @@ void compareProperties(OdDbPolygonMesh const* pp1, OdDbPolygonMesh const* pp2, C
 /// A check of which code and text are the same: what the row evaluates is what failures show.
 #define TA_CODE_CHECK(message, ...) ta::Check{TA_TEXT_OF_CODE(__VA_ARGS__), message, __LINE__}
 
-#define TA_EXACT_ROW(property)                                                                                    \
+/// The property is equal.
+#define EXACT(property)                                                                                           \
     {{TA_TEXT_OF_CODE(pp1-> property () == pp2-> property ()), L"Incorrect " #property " value", __LINE__},       \
      [](auto const* pp1, auto const* pp2, ta::Check const& check, ta::Comparison& comparison) {                   \
          return comparison.exact(pp1-> property (), pp2-> property (), check);                                    \
      }}
 
-#define TA_NEAR_ROW_AS(property, allowed, message)                                                                \
-    {{nullptr, message, __LINE__},                                                                                \
+#define TA_NEAR_ROW(property, allowed)                                                                            \
+    {{nullptr, L"Incorrect " #property " value", __LINE__},                                                       \
      [](auto const* pp1, auto const* pp2, ta::Check const& check, ta::Comparison& comparison) {                   \
          return comparison.near(pp1-> property (), pp2-> property (), comparison.options().allowed, check);       \
      }}
-#define TA_NEAR_ROW(property, allowed) TA_NEAR_ROW_AS(property, allowed, L"Incorrect " #property " value")
-
-/// The property is equal; it agrees within the library's tolerance; within the tolerance `relTolerance`.
-#define EXACT(property) TA_EXACT_ROW(property)
+/// The property agrees within the library's tolerance, or within `relTolerance`.
 #define NEAR(property)  TA_NEAR_ROW(property, eps)
 #define NEAR2(property) TA_NEAR_ROW(property, relTolerance)
 /// The entities are both annotative, or neither is.

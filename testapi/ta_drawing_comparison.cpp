@@ -32,7 +32,7 @@ OdString DrawingDifference::propertyName() const
     return OdString(text.substr(s_prefix.size(), text.size() - s_prefix.size() - s_suffix.size()));
 }
 
-OdString DrawingDifference::text() const
+OdString DrawingDifference::text(wchar_t const* firstDrawing, wchar_t const* secondDrawing) const
 {
     OdString object = className;
     OdString const which = name.isEmpty() ? handlesText(handle1, handle2) : name;
@@ -40,8 +40,7 @@ OdString DrawingDifference::text() const
         object += (object.isEmpty() ? L"" : L" ") + which;
     OdString result = place + (object.isEmpty() ? L"" : L": ") + object;
     if (kind != EKind::kChanged)
-        return result +
-               (kind == EKind::kOnlyInFirst ? L": only in the first drawing" : L": only in the second drawing");
+        return result + L": only in " + (kind == EKind::kOnlyInFirst ? firstDrawing : secondDrawing);
     if (!property.part.isEmpty())
         result += L", " + property.part;
     result += L": " + propertyName();
@@ -60,7 +59,7 @@ DrawingComparison::Teller::Teller(OdString const& place, OdDbObject const& objec
     if (!receiver)
         return;
     m_difference.place = place;
-    m_difference.className = object1.isA()->name();
+    m_difference.className = classNameOf(object1);
     m_difference.handle1 = object1.getDbHandle();
     m_difference.handle2 = object2.getDbHandle();
 }
@@ -114,7 +113,7 @@ void DrawingComparison::tellOnly(OdString const& place, OdDbObject const& object
     DrawingDifference difference;
     difference.kind = isInFirst ? EKind::kOnlyInFirst : EKind::kOnlyInSecond;
     difference.place = place;
-    difference.className = object.isA()->name();
+    difference.className = classNameOf(object);
     difference.name = name;
     (isInFirst ? difference.handle1 : difference.handle2) = object.getDbHandle();
     tell(difference);
@@ -161,14 +160,14 @@ bool DrawingComparison::comparePair(OdString const& place, OdDbEntity const& ent
     return tellPair(entity1, entity2, depth, teller);
 }
 
-bool DrawingComparison::agree(OdDbEntity const& entity1, OdDbEntity const& entity2)
+bool DrawingComparison::agree(OdDbEntity const& entity1, OdDbEntity const& entity2, EDepth depth)
 {
     if (m_fields->areIdentical(entity1, entity2))
         return true;
     if (entity1.isA() != entity2.isA())
         return false;
     Teller counting({}, entity1, entity2, nullptr);
-    return tellPair(entity1, entity2, kEverything, counting);
+    return tellPair(entity1, entity2, depth, counting);
 }
 
 void DrawingComparison::countPair(OdDbEntity const& entity)
@@ -176,11 +175,10 @@ void DrawingComparison::countPair(OdDbEntity const& entity)
     ++m_comparedEntities;
     if (entity.isA() != m_countedClass) {
         m_countedClass = entity.isA();
-        m_countByFields =
-            Comparison::knows(m_countedClass) ? nullptr : &m_comparedByFields[m_countedClass->name()];
+        m_isCountedByFields = !Comparison::knows(m_countedClass);
     }
-    if (m_countByFields)
-        ++*m_countByFields;
+    if (m_isCountedByFields)
+        ++m_comparedByFields[classNameOf(entity)];
 }
 
 bool DrawingComparison::entities(OdDbEntity const& entity1, OdDbEntity const& entity2)

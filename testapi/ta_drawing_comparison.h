@@ -39,8 +39,9 @@ struct DrawingDifference
     /// "radius"; for properties without a value of their own what does not hold, as "Incorrect number of
     /// vertices".
     OdString propertyName() const;
-    /// One line, without the names of the drawings.
-    OdString text() const;
+    /// One line; the drawings are called as given.
+    OdString text(wchar_t const* firstDrawing = L"the first drawing",
+                  wchar_t const* secondDrawing = L"the second drawing") const;
 };
 
 /// Compares two drawings, which must not change while this object lives.
@@ -66,6 +67,9 @@ public:
     bool recordsOfEqualName();
     /// The entities of two blocks (or spaces), pair by pair in their order.
     bool entitiesInOrder(OdDbObjectId block1, OdDbObjectId block2);
+    /// The same, but paired as in wholeDrawings(): for blocks that hold different numbers of entities, where the
+    /// order pairs what does not belong together. Entities that only one block has come first.
+    bool entitiesMatched(OdDbObjectId block1, OdDbObjectId block2);
     /// One pair: by the table of their class, or, for a class that the entity comparison does not know, by the
     /// fields that drawing files hold of it.
     bool entities(OdDbEntity const& entity1, OdDbEntity const& entity2);
@@ -111,7 +115,7 @@ private:
 
     bool comparePair(OdString const& place, OdDbEntity const& entity1, OdDbEntity const& entity2, EDepth depth);
     bool tellPair(OdDbEntity const& entity1, OdDbEntity const& entity2, EDepth depth, Teller& teller);
-    bool agree(OdDbEntity const& entity1, OdDbEntity const& entity2);
+    bool agree(OdDbEntity const& entity1, OdDbEntity const& entity2, EDepth depth);
     void countPair(OdDbEntity const& entity);
 
     std::vector<RecordPair> pairRecords(OdDbTableKind kind) const;
@@ -147,7 +151,7 @@ private:
     long m_comparedEntities = 0;
     std::map<OdString, long> m_comparedByFields;
     OdRxClass const* m_countedClass = nullptr; ///< of the last pair, as there are many of one class in a row
-    long* m_countByFields = nullptr;           ///< where pairs of that class are counted
+    bool m_isCountedByFields = false;          ///< pairs of that class
 };
 
 } // namespace ta

@@ -36,9 +36,17 @@ private:
     std::vector<OdDbStub*>::const_iterator m_at, m_end;
 };
 
+std::vector<OdDbEntity const*> entitiesOf(OdDbBlockTableRecord const& block)
+{
+    std::vector<OdDbEntity const*> entities;
+    for (EntityCursor it(block); !it.done(); it.step())
+        entities.push_back(&it.entity());
+    return entities;
+}
+
 OdString nameOf(OdDbEntity const& entity)
 {
-    return entity.isA()->name() + L" " + entity.getDbHandle().ascii();
+    return classNameOf(entity) + L" " + entity.getDbHandle().ascii();
 }
 
 } // namespace
@@ -79,7 +87,7 @@ void DrawingComparison::matchInStep(OdDbBlockTableRecord const& block1, OdDbBloc
     while (!it1.done() && !it2.done()) {
         OdDbEntity const &entity1 = it1.entity(), &entity2 = it2.entity();
         auto const order = it1.handle() <=> it2.handle();
-        if (order == 0 && agree(entity1, entity2)) {
+        if (order == 0 && agree(entity1, entity2, kEverything)) {
             notePair(entity1, entity2);
             if (m_bridge->wasAssumed())
                 rest.pairs.push_back({&entity1, &entity2});
@@ -103,9 +111,10 @@ void DrawingComparison::matchInStep(OdDbBlockTableRecord const& block1, OdDbBloc
 void DrawingComparison::matchRest(BlockPair& rest)
 {
     m_bridge->wasAssumed(); // what was assumed so far has been dealt with
-    EntityMatches matches = matchEntities(
-        rest.onlyInFirst, rest.onlyInSecond, m_options.eps,
-        [this](OdDbEntity const& entity1, OdDbEntity const& entity2) { return agree(entity1, entity2); });
+    EntityMatches matches = matchEntities(rest.onlyInFirst, rest.onlyInSecond, m_options.eps,
+                                          [this](OdDbEntity const& entity1, OdDbEntity const& entity2) {
+                                              return agree(entity1, entity2, kEverything);
+                                          });
     bool const wasAssumed = m_bridge->wasAssumed();
     for (EntityMatches::Match const& match : matches.pairs) {
         notePair(*match.entities.first, *match.entities.second);
@@ -114,6 +123,27 @@ void DrawingComparison::matchRest(BlockPair& rest)
     }
     rest.onlyInFirst = std::move(matches.onlyInFirst);
     rest.onlyInSecond = std::move(matches.onlyInSecond);
+}
+
+bool DrawingComparison::entitiesMatched(OdDbObjectId block1, OdDbObjectId block2)
+{
+    long const before = m_differences;
+    auto const first = block1.open<OdDbBlockTableRecord>(), second = block2.open<OdDbBlockTableRecord>();
+    EntityMatches const matches = matchEntities(entitiesOf(*first), entitiesOf(*second), m_options.eps,
+                                                [this](OdDbEntity const& entity1, OdDbEntity const& entity2) {
+                                                    return agree(entity1, entity2, kRowsOnly);
+                                                });
+    OdString const place = placeOf(*first);
+    for (OdDbEntity const* const entity : matches.onlyInFirst)
+        tellOnly(place, *entity, {}, true);
+    for (OdDbEntity const* const entity : matches.onlyInSecond)
+        tellOnly(place, *entity, {}, false);
+    for (EntityMatches::Match const& match : matches.pairs) {
+        countPair(*match.entities.first);
+        if (!match.areEqual)
+            comparePair(place, *match.entities.first, *match.entities.second, kRowsOnly);
+    }
+    return m_differences == before;
 }
 
 void DrawingComparison::notePair(OdDbEntity const& entity1, OdDbEntity const& entity2)

@@ -1,5 +1,7 @@
 #include "testapi/ta_drawing_comparison_facts.h"
 
+#include "testapi/ta_comparison.h"
+
 #include <array>
 #include <cmath>
 
@@ -281,7 +283,7 @@ OdString fieldName(OdDbObject const& object, std::string_view marker, int code)
             return fact.name;
     if (wchar_t const* const name = recordFieldName(object, code))
         return name;
-    return odFormat(L"group %d of ", code) + (marker.empty() ? object.isA()->name() : OdString::fromUtf8(marker));
+    return odFormat(L"group %d of ", code) + (marker.empty() ? classNameOf(object) : OdString::fromUtf8(marker));
 }
 
 int toldByRows(std::string_view marker, int code, OdDbObject const& object1, OdDbObject const& object2, double eps)

@@ -223,7 +223,7 @@ void FieldComparison::compareWithParts(OdDbEntity const& entity1, OdDbEntity con
         if (part1.isA() == part2.isA())
             comparePair(pair);
         else if (fields == kAll)
-            tell(pair, L"class", part1.isA()->name(), part2.isA()->name());
+            tell(pair, L"class", classNameOf(part1), classNameOf(part2));
     }
 }
 

@@ -50,7 +50,7 @@ void DrawingComparison::compareObjects(OdString const& place, OdString const& na
     teller.setName(name);
     teller.setFileFields(true);
     if (object1.isA() != object2.isA())
-        return teller.differs(differenceOf(L"class", object1.isA()->name(), object2.isA()->name()));
+        return teller.differs(differenceOf(L"class", classNameOf(object1), classNameOf(object2)));
     if (!m_bridge->same(object1.ownerId(), object2.ownerId()))
         teller.differs(
             differenceOf(L"owner", Comparison::textOf(object1.ownerId()), Comparison::textOf(object2.ownerId())));

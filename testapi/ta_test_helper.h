@@ -120,7 +120,9 @@ public:
     /// others, and in a block that is no layout, it is the entity's own default.
     ///
     /// Throw OdError: OdError_NotThatKindOfClass for an owner of another class, eNullObjectId, eWasErased,
-    /// eDegenerateGeometry for a zero normal, and what the setters of the entity throw; then nothing was created.
+    /// eDegenerateGeometry for a zero normal, eWrongDatabase for a block of another drawing, eInvalidInput for
+    /// null points, eNoDocument for a polyline in a layout while no document is bound, and what the setters of the
+    /// entity throw; then nothing was created.
     /// @{
     OdDbObjectId createLine(OdDbObjectId const& ownerId, OdGePoint3d const& start, OdGePoint3d const& end,
                             OdGeVector3d const* normal = nullptr);
@@ -176,7 +178,8 @@ public:
 
     /// Appends an entity that is in no drawing to the active space.
     OdDbObjectId appendEntity(OdDbEntity* entity);
-    /// A transformed copy that is in no drawing; fails the test where the entity cannot be transformed so.
+    /// A transformed copy that is in no drawing; fails the test where the entity cannot be transformed so, with
+    /// `copy` as it was.
     static void getTransformedCopy(OdDbEntity const* entity, OdGeMatrix3d const& matrix,
                                    OdSmartPtr<OdDbEntity>& copy);
 

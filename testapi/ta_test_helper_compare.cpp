@@ -87,7 +87,8 @@ void Comparison::entities(OdDbEntity const& entity1, OdDbEntity const& entity2)
         checkRows(s_commonRows, pEnt1, pEnt2, *this);
     if (CompareFunction const compare = compareFunctionOf(pEnt1->isA()))
         return compare(pEnt1, pEnt2, *this);
-    OdString const message = odFormat(L"Comparison of %ls entities is not implemented", pEnt1->isA()->name().c_str());
+    OdString const message =
+        odFormat(L"Comparison of %ls entities is not implemented", pEnt1->isA()->name().c_str());
     holds(false, TA_CODE_CHECK(message.c_str(), false));
 }
 

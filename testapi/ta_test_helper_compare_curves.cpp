@@ -72,9 +72,9 @@ void compareEllipseParameters(OdDbEllipse const* pp1, OdDbEllipse const* pp2, Co
     OdResult res1 = pp1->getStartParam(p1);
     OdResult res2 = pp2->getStartParam(p2);
     bool const bStartsCoincide = coincide(p1, p2, relTolerance);
-    comparison.holds((res1 == eOk) && (res2 == eOk) && bStartsCoincide, p1, p2,
-                     TA_CODE_CHECK(L"Incorrect startParam value",
-                                   (res1 == eOk) && (res2 == eOk) && bStartsCoincide));
+    comparison.holds(
+        (res1 == eOk) && (res2 == eOk) && bStartsCoincide, p1, p2,
+        TA_CODE_CHECK(L"Incorrect startParam value", (res1 == eOk) && (res2 == eOk) && bStartsCoincide));
     res1 = pp1->getEndParam(p1);
     res2 = pp2->getEndParam(p2);
     bool const bEndsCoincide = coincide(p1, p2, relTolerance);

@@ -58,9 +58,8 @@ bool compareFaces(OdDbFaceRecord const* pp1, OdDbFaceRecord const* pp2, Comparis
         bool const agree =
             comparison.exact(pp1->getVertexAt(i), pp2->getVertexAt(i),
                              TA_CODE_CHECK(message.c_str(), pp1->getVertexAt(i) == pp2->getVertexAt(i))) &&
-            comparison.exact(
-                pp1->isEdgeVisibleAt(i), pp2->isEdgeVisibleAt(i),
-                TA_CODE_CHECK(message.c_str(), pp1->isEdgeVisibleAt(i) == pp2->isEdgeVisibleAt(i)));
+            comparison.exact(pp1->isEdgeVisibleAt(i), pp2->isEdgeVisibleAt(i),
+                             TA_CODE_CHECK(message.c_str(), pp1->isEdgeVisibleAt(i) == pp2->isEdgeVisibleAt(i)));
         if (!agree)
             return false;
     }
@@ -74,8 +73,8 @@ Check notCoincident(int line)
 
 void comparePolyFaceParts(OdDbEntity const& part1, OdDbEntity const& part2, Comparison& comparison)
 {
-    auto const *const vertex1 = odCast<OdDbPolyFaceMeshVertex>(&part1),
-                      *const vertex2 = odCast<OdDbPolyFaceMeshVertex>(&part2);
+    auto const *const vertex1 = odCast<OdDbPolyFaceMeshVertex>(&part1), *const vertex2 =
+                                                                            odCast<OdDbPolyFaceMeshVertex>(&part2);
     auto const *const face1 = odCast<OdDbFaceRecord>(&part1), *const face2 = odCast<OdDbFaceRecord>(&part2);
     if (vertex1 && vertex2)
         checkRows(s_polyFaceVertexRows, vertex1, vertex2, comparison);
@@ -87,8 +86,8 @@ void comparePolyFaceParts(OdDbEntity const& part1, OdDbEntity const& part2, Comp
 
 void comparePolygonMeshParts(OdDbEntity const& part1, OdDbEntity const& part2, Comparison& comparison)
 {
-    auto const *const vertex1 = odCast<OdDbPolygonMeshVertex>(&part1),
-                      *const vertex2 = odCast<OdDbPolygonMeshVertex>(&part2);
+    auto const *const vertex1 = odCast<OdDbPolygonMeshVertex>(&part1), *const vertex2 =
+                                                                           odCast<OdDbPolygonMeshVertex>(&part2);
     if (comparison.holds(vertex1 && vertex2, notCoincident(__LINE__)))
         checkRows(s_polygonMeshVertexRows, vertex1, vertex2, comparison);
 }

@@ -18,7 +18,8 @@ struct NurbsData
         int degree = 0;
         bool rational = false;
         double controlTolerance = 0;
-        spline.getNurbsData(degree, rational, isClosed, isPeriodic, controlPoints, knots, weights, controlTolerance);
+        spline.getNurbsData(degree, rational, isClosed, isPeriodic, controlPoints, knots, weights,
+                            controlTolerance);
     }
     bool isClosed = false, isPeriodic = false;
     OdGePoint3dArray controlPoints;

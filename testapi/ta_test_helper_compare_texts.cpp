@@ -101,8 +101,9 @@ void compareOwnAttributes(OdDbBlockReference const* pp1, OdDbBlockReference cons
     if (pp1->numParts() == 0 && pp2->numParts() == 0)
         return;
     AttributesByTag const attributes1 = attributesOf(pp1), attributes2 = attributesOf(pp2);
-    if (!comparison.exact(attributes1.size(), attributes2.size(),
-                          TA_CODE_CHECK(L"Incorrect number of attributes", attributes1.size() == attributes2.size())))
+    if (!comparison.exact(
+            attributes1.size(), attributes2.size(),
+            TA_CODE_CHECK(L"Incorrect number of attributes", attributes1.size() == attributes2.size())))
         return;
     int number = 1;
     for (auto it1 = attributes1.begin(), it2 = attributes2.begin(); it1 != attributes1.end(); ++it1, ++it2) {

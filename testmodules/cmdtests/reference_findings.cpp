@@ -28,7 +28,7 @@ void ReferenceFindings::add(ta::DrawingDifference const& difference)
     if (isFirst())
         addDetails(difference);
     else
-        addFurther(difference.text());
+        addFurther(difference.text(L"the tested drawing", L"the reference"));
 }
 
 void ReferenceFindings::add(OdString const& text, ta::Place place)

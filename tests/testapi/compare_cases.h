@@ -56,9 +56,9 @@ struct CompareCasesOf
     CompareCasesOf& add(OdString const& message, std::string const& expression, CompareCase::ETolerance tolerance,
                         Change const& change)
     {
-        cases.push_back({T::desc(), message, expression, tolerance, make, [change](OdDbEntity& entity, double offset) {
-                             change(static_cast<T&>(entity), offset);
-                         }});
+        cases.push_back(
+            {T::desc(), message, expression, tolerance, make,
+             [change](OdDbEntity& entity, double offset) { change(static_cast<T&>(entity), offset); }});
         return *this;
     }
     CompareCasesOf& near(char const* property, Change const& change)
@@ -81,9 +81,8 @@ struct CompareCasesOf
     }
     CompareCasesOf& annotative()
     {
-        return exact(L"Incorrect Annotative value", "isAnno1 == isAnno2", [](T& entity) {
-            OdDbAnnotativeObjectPE::of(&entity)->setAnnotative(&entity, true);
-        });
+        return exact(L"Incorrect Annotative value", "isAnno1 == isAnno2",
+                     [](T& entity) { OdDbAnnotativeObjectPE::of(&entity)->setAnnotative(&entity, true); });
     }
     /// The last one goes with others, or behind others.
     CompareCasesOf& inCompany()

@@ -125,11 +125,11 @@ void changeNurbs(OdDbSpline& spline, Change const& change)
         OdGeDoubleArray weights;
         double tolerance;
     } data;
-    spline.getNurbsData(data.degree, data.rational, data.closed, data.periodic, data.points, data.knots, data.weights,
-                        data.tolerance);
+    spline.getNurbsData(data.degree, data.rational, data.closed, data.periodic, data.points, data.knots,
+                        data.weights, data.tolerance);
     change(data);
-    spline.setNurbsData(data.degree, data.rational, data.closed, data.periodic, data.points, data.knots, data.weights,
-                        data.tolerance);
+    spline.setNurbsData(data.degree, data.rational, data.closed, data.periodic, data.points, data.knots,
+                        data.weights, data.tolerance);
 }
 
 /// Sets fit data again after a change of them.
@@ -152,40 +152,73 @@ void addSimpleCurveCases(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<OdDbPoint>{cases}
         .near("normal", [](OdDbPoint& e, double d) { e.setNormal(leaning(d)); })
-        .near("position", [](OdDbPoint& e, double d) { e.setPosition({1, 2, 3 + d}); });
+        .near("position", [](OdDbPoint& e, double d) {
+            e.setPosition({1, 2, 3 + d});
+        });
     CompareCasesOf<OdDbLine>{cases}
         .near("normal", [](OdDbLine& e, double d) { e.setNormal(leaning(d)); })
-        .near("startPoint", [](OdDbLine& e, double d) { e.setStartPoint({1, 2 + d, 3}); })
-        .near("endPoint", [](OdDbLine& e, double d) { e.setEndPoint({4, 6, 8 + d}); });
+        .near("startPoint",
+              [](OdDbLine& e, double d) {
+                  e.setStartPoint({1, 2 + d, 3});
+              })
+        .near("endPoint", [](OdDbLine& e, double d) {
+            e.setEndPoint({4, 6, 8 + d});
+        });
     CompareCasesOf<OdDbArc>{cases}
         .near("normal", [](OdDbArc& e, double d) { e.setNormal(leaning(d)); })
-        .near("center", [](OdDbArc& e, double d) { e.setCenter({d, 0, 0}); })
+        .near("center",
+              [](OdDbArc& e, double d) {
+                  e.setCenter({d, 0, 0});
+              })
         .near("radius", [](OdDbArc& e, double d) { e.setRadius(5 + d); })
         .near("startAngle", [](OdDbArc& e, double d) { e.setStartAngle(0.5 + d); })
         .near("endAngle", [](OdDbArc& e, double d) { e.setEndAngle(2.5 + d); });
     CompareCasesOf<OdDbCircle>{cases}
         .near("normal", [](OdDbCircle& e, double d) { e.setNormal(leaning(d)); })
-        .near("center", [](OdDbCircle& e, double d) { e.setCenter({0, d, 0}); })
+        .near("center",
+              [](OdDbCircle& e, double d) {
+                  e.setCenter({0, d, 0});
+              })
         .near("radius", [](OdDbCircle& e, double d) { e.setRadius(5 + d); });
     CompareCasesOf<OdDbRay>{cases}
-        .near("basePoint", [](OdDbRay& e, double d) { e.setBasePoint({1 + d, 2, 3}); })
-        .near("unitDir", [](OdDbRay& e, double d) { e.setUnitDir({1, d, 0}); });
-    CompareCasesOf<OdDbXline>{cases}
-        .near("basePoint", [](OdDbXline& e, double d) { e.setBasePoint({1, 2, 3 + d}); })
-        .near("unitDir", [](OdDbXline& e, double d) { e.setUnitDir({1, 0, d}); });
-    CompareCasesOf<OdDbSolid>{cases}.near("normal", [](OdDbSolid& e, double d) { e.setNormal(leaning(d)); }).inCompany();
-    for (int i = 0; i < 4; ++i)
-        CompareCasesOf<OdDbSolid>{cases}.near("point", [i](OdDbSolid& e, double d) {
-            e.setPointAt(i, e.getPointAt(i) + OdGeVector3d(0, d, 0));
+        .near("basePoint",
+              [](OdDbRay& e, double d) {
+                  e.setBasePoint({1 + d, 2, 3});
+              })
+        .near("unitDir", [](OdDbRay& e, double d) {
+            e.setUnitDir({1, d, 0});
         });
+    CompareCasesOf<OdDbXline>{cases}
+        .near("basePoint",
+              [](OdDbXline& e, double d) {
+                  e.setBasePoint({1, 2, 3 + d});
+              })
+        .near("unitDir", [](OdDbXline& e, double d) {
+            e.setUnitDir({1, 0, d});
+        });
+    CompareCasesOf<OdDbSolid>{cases}
+        .near("normal", [](OdDbSolid& e, double d) { e.setNormal(leaning(d)); })
+        .inCompany();
+    for (int i = 0; i < 4; ++i)
+        CompareCasesOf<OdDbSolid>{cases}.near(
+            "point", [i](OdDbSolid& e, double d) { e.setPointAt(i, e.getPointAt(i) + OdGeVector3d(0, d, 0)); });
 }
 
 void addEllipseCases(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<OdDbEllipse>{cases}
-        .near("normal", [](OdDbEllipse& e, double d) { e.setNormal({0, d, 1}); })
-        .near("center", [](OdDbEllipse& e, double d) { e.setCenter({0, 0, d}); })
-        .near("majorAxis", [](OdDbEllipse& e, double d) { e.setMajorAxis({4 + d, 0, 0}); })
+        .near("normal",
+              [](OdDbEllipse& e, double d) {
+                  e.setNormal({0, d, 1});
+              })
+        .near("center",
+              [](OdDbEllipse& e, double d) {
+                  e.setCenter({0, 0, d});
+              })
+        .near("majorAxis",
+              [](OdDbEllipse& e, double d) {
+                  e.setMajorAxis({4 + d, 0, 0});
+              })
         .near("radiusRatio", [](OdDbEllipse& e, double d) { e.setRadiusRatio(0.5 + d); })
         // The tolerance of parameters counts whole turns.
         .add(L"Incorrect startParam value", "(res1 == eOk) && (res2 == eOk) && bStartsCoincide", CompareCase::kRel,
@@ -200,10 +233,16 @@ void addPolylineCases(std::vector<CompareCase>& cases)
         .near("normal", [](OdDbPolyline& e, double d) { e.setNormal(leaning(d)); })
         .exact("isClosed", [](OdDbPolyline& e) { e.setClosed(true); })
         .exact("hasPlinegen", [](OdDbPolyline& e) { e.setPlinegen(true); })
-        .exact("numVerts", [](OdDbPolyline& e) { e.addVertexAt(3, {9, 9}, 0, 0.5, 0.5); })
+        .exact("numVerts",
+               [](OdDbPolyline& e) {
+                   e.addVertexAt(3, {9, 9}, 0, 0.5, 0.5);
+               })
         .nearRel("thickness", [](OdDbPolyline& e, double d) { e.setThickness(d); })
         .nearRel("elevation", [](OdDbPolyline& e, double d) { e.setElevation(d); })
-        .nearRel("point", [](OdDbPolyline& e, double d) { e.setPointAt(2, {5 + d, 5}); })
+        .nearRel("point",
+                 [](OdDbPolyline& e, double d) {
+                     e.setPointAt(2, {5 + d, 5});
+                 })
         .nearRel("bulge", [](OdDbPolyline& e, double d) { e.setBulgeAt(0, 0.5 + d); })
         .near("startWidth", [](OdDbPolyline& e, double d) { e.setWidthsAt(1, 0.3 + d, 0.4); })
         .near("endWidth", [](OdDbPolyline& e, double d) { e.setWidthsAt(1, 0.3, 0.4 + d); });
@@ -264,12 +303,14 @@ void addSplineCases(std::vector<CompareCase>& cases)
         });
     });
     curve.inCompany(); // as many weights, and a knot more
-    curve.near("controlPoint", [](OdDbSpline& e, double d) { changeNurbs(e, [d](auto& data) { data.points[1].x += d; }); });
+    curve.near("controlPoint",
+               [](OdDbSpline& e, double d) { changeNurbs(e, [d](auto& data) { data.points[1].x += d; }); });
     curve.near("knot", [](OdDbSpline& e, double d) {
         changeNurbs(e, [d](auto& data) { data.knots = knotsOf({0, 0, 0, 1 + d, 1 + d, 1 + d}); });
     });
     curve.inCompany(); // the other two knots at the end
-    curve.near("weight", [](OdDbSpline& e, double d) { changeNurbs(e, [d](auto& data) { data.weights[1] += d; }); });
+    curve.near("weight",
+               [](OdDbSpline& e, double d) { changeNurbs(e, [d](auto& data) { data.weights[1] += d; }); });
 }
 
 } // namespace

@@ -90,9 +90,15 @@ template <class T>
 void addTextRows(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<T>{cases}
-        .near("normal", [](T& e, double d) { e.setNormal({d, 0, 1}); })
+        .near("normal",
+              [](T& e, double d) {
+                  e.setNormal({d, 0, 1});
+              })
         .inCompany() // angles are measured from another X axis
-        .near("position", [](T& e, double d) { e.setPosition({1, 2 + d, 3}); })
+        .near("position",
+              [](T& e, double d) {
+                  e.setPosition({1, 2 + d, 3});
+              })
         .near("thickness", [](T& e, double d) { e.setThickness(d); })
         .exact(L"Oblique angles are different", "isEqualAngle(pEnt1->oblique(), pEnt2->oblique())",
                [](T& e) { e.setOblique(0.25 + 1e-9); })
@@ -163,9 +169,18 @@ void addAttributeRows(std::vector<CompareCase>& cases)
 void addMTextRows(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<OdDbMText>{cases}
-        .near("normal", [](OdDbMText& e, double d) { e.setNormal({0, d, 1}); })
-        .near("location", [](OdDbMText& e, double d) { e.setLocation({1, 2, 3 + d}); })
-        .near("direction", [](OdDbMText& e, double d) { e.setDirection({1, d, 0}); })
+        .near("normal",
+              [](OdDbMText& e, double d) {
+                  e.setNormal({0, d, 1});
+              })
+        .near("location",
+              [](OdDbMText& e, double d) {
+                  e.setLocation({1, 2, 3 + d});
+              })
+        .near("direction",
+              [](OdDbMText& e, double d) {
+                  e.setDirection({1, d, 0});
+              })
         .inCompany() // the rotation, which follows from it
         .near("rotation", [](OdDbMText& e, double d) { e.setRotation(d); })
         .behindOthers()
@@ -187,13 +202,21 @@ template <class T>
 void addReferenceRows(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<T>{cases}
-        .near("normal", [](T& e, double d) { e.setNormal({d, 0, 1}); })
-        .near("position", [](T& e, double d) { e.setPosition({d, 0, 0}); })
-        .near("scaleFactors", [](T& e, double d) { e.setScaleFactors({1, 1 + d, 1}); })
+        .near("normal",
+              [](T& e, double d) {
+                  e.setNormal({d, 0, 1});
+              })
+        .near("position",
+              [](T& e, double d) {
+                  e.setPosition({d, 0, 0});
+              })
+        .near("scaleFactors",
+              [](T& e, double d) {
+                  e.setScaleFactors({1, 1 + d, 1});
+              })
         .near("rotation", [](T& e, double d) { e.setRotation(d); })
-        .exact("blockTableRecord", [](T& e) {
-            e.setBlockTableRecord(recordOf(*e.database(), OdDbTableKind::kBlock, L"WINDOW"));
-        });
+        .exact("blockTableRecord",
+               [](T& e) { e.setBlockTableRecord(recordOf(*e.database(), OdDbTableKind::kBlock, L"WINDOW")); });
 }
 
 } // namespace

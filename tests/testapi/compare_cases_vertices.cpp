@@ -40,7 +40,8 @@ OdDbPolygonMeshPtr madeForComparison(OdDbDatabase&)
     mesh->setMSize(2);
     mesh->setNSize(3);
     for (int i = 0; i < 6; ++i)
-        mesh->appendVertex(OdDbPolygonMeshVertexPtr(new OdDbPolygonMeshVertex({i / 3 * 1.0, i % 3 * 1.0, 0})).get());
+        mesh->appendVertex(
+            OdDbPolygonMeshVertexPtr(new OdDbPolygonMeshVertex({i / 3 * 1.0, i % 3 * 1.0, 0})).get());
     return mesh;
 }
 
@@ -63,13 +64,19 @@ constexpr int s_secondFace = 5; // among the parts of the polyface mesh above
 void addPolylineCases(std::vector<CompareCase>& cases)
 {
     CompareCasesOf<OdDb2dVertex>{cases}
-        .near("position", [](OdDb2dVertex& e, double d) { e.setPosition({1, 2 + d, 0}); })
+        .near("position",
+              [](OdDb2dVertex& e, double d) {
+                  e.setPosition({1, 2 + d, 0});
+              })
         .exact("vertexType", [](OdDb2dVertex& e) { e.setVertexType(OdDb::k2dCurveFitVertex); })
         .near("startWidth", [](OdDb2dVertex& e, double d) { e.setStartWidth(0.1 + d); })
         .near("endWidth", [](OdDb2dVertex& e, double d) { e.setEndWidth(0.2 + d); })
         .near("bulge", [](OdDb2dVertex& e, double d) { e.setBulge(0.5 + d); });
     CompareCasesOf<OdDb2dPolyline>{cases}
-        .near("normal", [](OdDb2dPolyline& e, double d) { e.setNormal({d, 0, 1}); })
+        .near("normal",
+              [](OdDb2dPolyline& e, double d) {
+                  e.setNormal({d, 0, 1});
+              })
         .exact("polyType", [](OdDb2dPolyline& e) { e.setPolyType(OdDb::k2dFitCurvePoly); })
         .exact("isClosed", [](OdDb2dPolyline& e) { e.setClosed(true); })
         .exact("isLinetypeGenerationOn", [](OdDb2dPolyline& e) { e.setLinetypeGeneration(true); })
@@ -78,7 +85,9 @@ void addPolylineCases(std::vector<CompareCase>& cases)
         .near("defaultStartWidth", [](OdDb2dPolyline& e, double d) { e.setDefaultStartWidth(1 + d); })
         .near("defaultEndWidth", [](OdDb2dPolyline& e, double d) { e.setDefaultEndWidth(1 + d); })
         .near("position",
-              [](OdDb2dPolyline& e, double d) { partOf<OdDb2dVertex>(e, 2)->setPosition({5 + d, 5, 0}); })
+              [](OdDb2dPolyline& e, double d) {
+                  partOf<OdDb2dVertex>(e, 2)->setPosition({5 + d, 5, 0});
+              })
         .near("bulge", [](OdDb2dPolyline& e, double d) { partOf<OdDb2dVertex>(e, 0)->setBulge(0.5 + d); })
         .exact(L"Incorrect number of vertices", "it2->done()",
                [](OdDb2dPolyline& e) { partOf<OdDb2dVertex>(e, 2)->erase(); })
@@ -86,13 +95,18 @@ void addPolylineCases(std::vector<CompareCase>& cases)
             e.appendVertex(OdDb2dVertexPtr(new OdDb2dVertex({9, 9, 0})).get());
         });
     CompareCasesOf<OdDb3dPolylineVertex>{cases}
-        .near("position", [](OdDb3dPolylineVertex& e, double d) { e.setPosition({1, 2, 3 + d}); })
+        .near("position",
+              [](OdDb3dPolylineVertex& e, double d) {
+                  e.setPosition({1, 2, 3 + d});
+              })
         .exact("vertexType", [](OdDb3dPolylineVertex& e) { e.setVertexType(OdDb::k3dFitVertex); });
     CompareCasesOf<OdDb3dPolyline>{cases}
         .exact("isClosed", [](OdDb3dPolyline& e) { e.setClosed(true); })
         .exact("polyType", [](OdDb3dPolyline& e) { e.setPolyType(OdDb::k3dQuadSplinePoly); })
         .near("position",
-              [](OdDb3dPolyline& e, double d) { partOf<OdDb3dPolylineVertex>(e, 2)->setPosition({5, 5, 2 + d}); })
+              [](OdDb3dPolyline& e, double d) {
+                  partOf<OdDb3dPolylineVertex>(e, 2)->setPosition({5, 5, 2 + d});
+              })
         .exact(L"Incorrect number of vertices", "it2->done()",
                [](OdDb3dPolyline& e) { partOf<OdDb3dPolylineVertex>(e, 2)->erase(); })
         .exact(L"Incorrect number of vertices", "!it2->done()", [](OdDb3dPolyline& e) {
@@ -111,13 +125,17 @@ void addMeshCases(std::vector<CompareCase>& cases)
         .exact("nSurfaceDensity", [](OdDbPolygonMesh& e) { e.setNSurfaceDensity(7); })
         .exact("polyMeshType", [](OdDbPolygonMesh& e) { e.setPolyMeshType(OdDb::kCubicSurfaceMesh); })
         .near("position",
-              [](OdDbPolygonMesh& e, double d) { partOf<OdDbPolygonMeshVertex>(e, 5)->setPosition({1, 2, d}); })
+              [](OdDbPolygonMesh& e, double d) {
+                  partOf<OdDbPolygonMeshVertex>(e, 5)->setPosition({1, 2, d});
+              })
         .exact(L"numbers of subentities are different", "it1->done() == it2->done()", [](OdDbPolygonMesh& e) {
             e.appendVertex(OdDbPolygonMeshVertexPtr(new OdDbPolygonMeshVertex({9, 9, 9})).get());
         });
     CompareCasesOf<OdDbPolyFaceMesh>{cases}
         .near("position",
-              [](OdDbPolyFaceMesh& e, double d) { partOf<OdDbPolyFaceMeshVertex>(e, 3)->setPosition({d, 5, 0}); })
+              [](OdDbPolyFaceMesh& e, double d) {
+                  partOf<OdDbPolyFaceMeshVertex>(e, 3)->setPosition({d, 5, 0});
+              })
         .exact(L"vertexes #1 are different", "pp1->getVertexAt(i) == pp2->getVertexAt(i)",
                [](OdDbPolyFaceMesh& e) { partOf<OdDbFaceRecord>(e, s_secondFace)->setVertexAt(1, 2); })
         .exact(L"vertexes #2 are different", "pp1->isEdgeVisibleAt(i) == pp2->isEdgeVisibleAt(i)",

@@ -4,7 +4,8 @@
 
 namespace {
 
-/// Answers are separated by "|", an empty one is Enter. Placeholders: @p a point, @d a distance, @i a small number,
+/// Answers are separated by "|", an empty one is Enter. Placeholders: @p a point, @d a distance, @i a small
+/// number,
 /// @a an angle, @c a color, @n a name, @s a selection with the Enter that ends it.
 constexpr std::wstring_view s_templates[] = {
     L"LINE|@p|@p|@p|C",

@@ -53,7 +53,8 @@ public:
     void differs(ta::Difference const& difference) override { found.push_back(difference); }
 };
 
-ta::Comparison::Options const s_options{.skipCommonProps = false, .tolerance = 1e-2, .relTolerance = 1e-3, .eps = 1e-6};
+ta::Comparison::Options const s_options{
+    .skipCommonProps = false, .tolerance = 1e-2, .relTolerance = 1e-3, .eps = 1e-6};
 
 std::vector<ta::Difference> differencesOf(Pair const& pair, ta::Comparison::Options const& options = s_options)
 {
@@ -91,8 +92,9 @@ std::vector<CompareCase> allCases()
         .exact("color", [](OdDbLine& e) { e.setColor(OdCmColor(1)); })
         .exact("layerId",
                [](OdDbLine& e) { e.setLayer(e.database()->table(OdDbTableKind::kLayer).getAt(L"WALLS")); })
-        .exact("linetypeId",
-               [](OdDbLine& e) { e.setLinetype(e.database()->table(OdDbTableKind::kLinetype).getAt(L"Continuous")); })
+        .exact(
+            "linetypeId",
+            [](OdDbLine& e) { e.setLinetype(e.database()->table(OdDbTableKind::kLinetype).getAt(L"Continuous")); })
         .near("linetypeScale", [](OdDbLine& e, double d) { e.setLinetypeScale(1 + d); })
         .exact("lineWeight", [](OdDbLine& e) { e.setLineWeight(50); });
     for (std::size_t i = firstCommon; i < cases.size(); ++i)
@@ -103,7 +105,8 @@ std::vector<CompareCase> allCases()
 void checkAmong(CompareCase const& one, std::vector<ta::Difference> const& found)
 {
     auto const isThis = [&](ta::Difference const& difference) {
-        return difference.message == one.message && one.expression == (difference.expression ? difference.expression : "");
+        return difference.message == one.message &&
+               one.expression == (difference.expression ? difference.expression : "");
     };
     CPPUNIT_ASSERT_MESSAGE(caseName(one), std::ranges::any_of(found, isThis));
 }
@@ -150,7 +153,8 @@ void checkTolerance(OdDbDatabase& drawing, CompareCase const& one)
     for (double const offset : {0.9, -0.9}) {
         Pair const pair = pairOf(drawing, one);
         one.change(*pair.actual, offset * tolerance);
-        CPPUNIT_ASSERT_EQUAL_MESSAGE(caseName(one), std::string(), failureOf(pair.actual.get(), pair.expected.get()));
+        CPPUNIT_ASSERT_EQUAL_MESSAGE(caseName(one), std::string(),
+                                     failureOf(pair.actual.get(), pair.expected.get()));
     }
     for (double const offset : {1.1, -1.1}) {
         Pair const pair = pairOf(drawing, one);
@@ -215,9 +219,10 @@ class TestCompareEntities : public CppUnit::TestFixture
     {
         Pair const circles = pairOfTwo<OdDbCircle>(*m_drawing);
         static_cast<OdDbCircle&>(*circles.actual).setRadius(5.5);
-        CPPUNIT_ASSERT_EQUAL(std::string("assertion failed\n- Incorrect radius value\n- Expected: 5\n- Actual  : 5.5\n"
-                                         "- Off by  : 0.5, allowed 1e-06\n"),
-                             failureOf(circles.actual.get(), circles.expected.get()));
+        CPPUNIT_ASSERT_EQUAL(
+            std::string("assertion failed\n- Incorrect radius value\n- Expected: 5\n- Actual  : 5.5\n"
+                        "- Off by  : 0.5, allowed 1e-06\n"),
+            failureOf(circles.actual.get(), circles.expected.get()));
         Pair const polylines = pairOfTwo<OdDb3dPolyline>(*m_drawing);
         partOf<OdDb3dPolylineVertex>(*polylines.actual, 1)->setPosition({5, 2, 1});
         CPPUNIT_ASSERT_EQUAL(std::string("assertion failed\n- Incorrect position value\n- Expected: (5, 0, 1)\n"
@@ -270,13 +275,13 @@ class TestCompareEntities : public CppUnit::TestFixture
             {0.5 + Oda2PI, 0.5, true},
             {0.5, 0.5 + Oda2PI, true},
             {0.5 - 5 * Oda2PI, 0.5, true},
-            {0.5 + Oda2PI - 1e-11, 0.5, true},         // within 1e-10 of a turn
-            {0.5 + Oda2PI - 1e-8, 0.5, false},         // almost a turn is none, whatever the tolerance
+            {0.5 + Oda2PI - 1e-11, 0.5, true}, // within 1e-10 of a turn
+            {0.5 + Oda2PI - 1e-8, 0.5, false}, // almost a turn is none, whatever the tolerance
             {0.5 + Oda2PI + 1e-8, 0.5, true},
             {0.5 + Oda2PI / 2, 0.5, false},
-            {0.5 + 0.9e-3 * Oda2PI, 0.5, true},        // the tolerance counts turns
+            {0.5 + 0.9e-3 * Oda2PI, 0.5, true}, // the tolerance counts turns
             {0.5 + 1.1e-3 * Oda2PI, 0.5, false},
-            {1e300, 0.5, true},                        // counted in no time; so far out all is a multiple of a turn
+            {1e300, 0.5, true}, // counted in no time; so far out all is a multiple of a turn
         };
         for (auto const& [actual, expected, agree] : cases) {
             Pair const pair = pairOfTwo<OdDbEllipse>(*m_drawing);
@@ -293,8 +298,8 @@ class TestCompareEntities : public CppUnit::TestFixture
             double rotation1, rotation2;
             bool agree;
         } const cases[] = {
-            {0.5, 0.5 + 0.9e-10, true},   {0.5, 0.5 + 2e-10, false},      {0.5, 0.5 + Oda2PI, true},
-            {-0.5, Oda2PI - 0.5, true},   {0.5 + 0.9e-10, 0.5, true},     {0, Oda2PI, true},
+            {0.5, 0.5 + 0.9e-10, true}, {0.5, 0.5 + 2e-10, false},  {0.5, 0.5 + Oda2PI, true},
+            {-0.5, Oda2PI - 0.5, true}, {0.5 + 0.9e-10, 0.5, true}, {0, Oda2PI, true},
         };
         for (auto const& [rotation1, rotation2, agree] : cases) {
             Pair const pair = pairOfTwo<OdDbText>(*m_drawing);
@@ -331,7 +336,8 @@ class TestCompareEntities : public CppUnit::TestFixture
             return reference;
         };
         auto const one = make({{L"A", L"1"}, {L"B", L"2"}, {L"B", L"3"}});
-        CPPUNIT_ASSERT_EQUAL(std::string(), failureOf(one.get(), make({{L"B", L"2"}, {L"A", L"1"}, {L"B", L"3"}}).get()));
+        CPPUNIT_ASSERT_EQUAL(std::string(),
+                             failureOf(one.get(), make({{L"B", L"2"}, {L"A", L"1"}, {L"B", L"3"}}).get()));
         // Those of one tag keep their order.
         CPPUNIT_ASSERT(!failureOf(one.get(), make({{L"A", L"1"}, {L"B", L"3"}, {L"B", L"2"}}).get()).empty());
         CPPUNIT_ASSERT(!failureOf(one.get(), make({{L"A", L"1"}, {L"B", L"2"}, {L"C", L"3"}}).get()).empty());
@@ -362,7 +368,8 @@ class TestCompareEntities : public CppUnit::TestFixture
         wchar_t const* const order[] = {L"color", L"lineWeight", L"radius", L"endAngle"};
         CPPUNIT_ASSERT_EQUAL(std::size(order), found.size());
         for (std::size_t i = 0; i < found.size(); ++i)
-            CPPUNIT_ASSERT_EQUAL((L"Incorrect " + OdString(order[i]) + L" value").toUtf8(), found[i].message.toUtf8());
+            CPPUNIT_ASSERT_EQUAL((L"Incorrect " + OdString(order[i]) + L" value").toUtf8(),
+                                 found[i].message.toUtf8());
         CPPUNIT_ASSERT(failureOf(pair.actual.get(), pair.expected.get()).find("color") != std::string::npos);
     }
 
@@ -374,7 +381,8 @@ class TestCompareEntities : public CppUnit::TestFixture
         attribute->setTextString(L"x");
         CPPUNIT_ASSERT_THROW(ta::compareTextFields(text1.get(), attribute.get()), CppUnit::Exception);
 
-        auto const mtext1 = madeForComparison<OdDbMText>(*m_drawing), mtext2 = madeForComparison<OdDbMText>(*m_drawing);
+        auto const mtext1 = madeForComparison<OdDbMText>(*m_drawing),
+                   mtext2 = madeForComparison<OdDbMText>(*m_drawing);
         ta::compareMTextEnts(mtext1.get(), mtext2.get());
         mtext2->setContents(L"first\\P{second}");
         CPPUNIT_ASSERT_THROW(ta::compareMTextEnts(mtext1.get(), mtext2.get()), CppUnit::Exception);

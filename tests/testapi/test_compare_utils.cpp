@@ -70,8 +70,9 @@ class TestCompareUtils : public CppUnit::TestFixture
     void testMantissaAndDegree()
     {
         Number const numbers[] = {
-            {250, 0.25, 3}, {100, 1, 2},      {1, 1, 0},      {0.05, 0.5, -1},  {0.5, 0.5, 0},
-            {-250, -0.25, 3}, {0.001, 1, -3}, {1000.5, 0.10005, 4}, {9.99, 0.999, 1}, {0.25, 0.25, 0},
+            {250, 0.25, 3},   {100, 1, 2},      {1, 1, 0},      {0.05, 0.5, -1},
+            {0.5, 0.5, 0},    {-250, -0.25, 3}, {0.001, 1, -3}, {1000.5, 0.10005, 4},
+            {9.99, 0.999, 1}, {0.25, 0.25, 0},
         };
         for (auto const& [value, mantissa, expectedDegree] : numbers) {
             double degree = 99;
@@ -90,14 +91,14 @@ class TestCompareUtils : public CppUnit::TestFixture
             double a, b, relTol, tolerance;
             bool equal;
         } const cases[] = {
-            {0.0, 1e-7, 1e-12, 1e-6, true},     // absolute near zero
+            {0.0, 1e-7, 1e-12, 1e-6, true}, // absolute near zero
             {0.0, 2e-6, 1e-12, 1e-6, false},
             {9e-15, -9e-7, 1e-12, 1e-6, true},
-            {1e-13, 0.0, 1e-12, 1e-6, false},   // only the first number decides on the rule
-            {250, 250.01, 1e-3, 0, true},       // 0.25 and 0.25001
-            {250, 251.1, 1e-3, 0, false},       // 0.25 and 0.2511
-            {1000, 1000.5, 1e-3, 0, false},     // 1 and 0.10005
-            {1, 10, 1e-12, 0, true},            // mantissas alone
+            {1e-13, 0.0, 1e-12, 1e-6, false}, // only the first number decides on the rule
+            {250, 250.01, 1e-3, 0, true},     // 0.25 and 0.25001
+            {250, 251.1, 1e-3, 0, false},     // 0.25 and 0.2511
+            {1000, 1000.5, 1e-3, 0, false},   // 1 and 0.10005
+            {1, 10, 1e-12, 0, true},          // mantissas alone
             {250, -250, 1e-3, 0, false},
             {123456, 123456 + 1e-8, 1e-12, 0, true},
             {123456, 123456 + 1e-4, 1e-12, 0, false},
@@ -128,13 +129,11 @@ class TestCompareUtils : public CppUnit::TestFixture
         CPPUNIT_ASSERT_EQUAL(std::string("mp1.m_centroid.isEqualTo(mp2.m_centroid, absTol)\n"),
                              failedExpression(changed));
         (changed = cube()).m_extents = OdGeExtents3d({0, 0, -1.1e-6}, {2, 4, 6});
-        CPPUNIT_ASSERT_EQUAL(
-            std::string("mp1.m_extents.minPoint().isEqualTo(mp2.m_extents.minPoint(), absTol)\n"),
-            failedExpression(changed));
+        CPPUNIT_ASSERT_EQUAL(std::string("mp1.m_extents.minPoint().isEqualTo(mp2.m_extents.minPoint(), absTol)\n"),
+                             failedExpression(changed));
         (changed = cube()).m_extents = OdGeExtents3d({0, 0, 0}, {2, 4 + 1.1e-6, 6});
-        CPPUNIT_ASSERT_EQUAL(
-            std::string("mp1.m_extents.maxPoint().isEqualTo(mp2.m_extents.maxPoint(), absTol)\n"),
-            failedExpression(changed));
+        CPPUNIT_ASSERT_EQUAL(std::string("mp1.m_extents.maxPoint().isEqualTo(mp2.m_extents.maxPoint(), absTol)\n"),
+                             failedExpression(changed));
         ta::compareMassProps(ta::MassProperties(), ta::MassProperties(), 1e-6); // without extents
     }
 

@@ -216,10 +216,10 @@ class DrawingComparisonTest : public CppUnit::TestFixture
              {"model space: OdDbText 72: textStyle: \"NOTES\" | \"SIGNS\""}},
             {"71\n1\n40\n0.75",
              "71\n1\n40\n1.0",
-             {"model space: OdDbRawEntity 73: group 40 of AcDbLeader: 0.75 | 1, off by 0.25, allowed 1e-06"}},
+             {"model space: LEADER 73: group 40 of AcDbLeader: 0.75 | 1, off by 0.25, allowed 1e-06"}},
             {"340\n72\n",
              "340\n74\n",
-             {"model space: OdDbRawEntity 73: group 340 of AcDbLeader: OdDbText 72 | OdDbFace 74"}},
+             {"model space: LEADER 73: group 340 of AcDbLeader: OdDbText 72 | OdDbFace 74"}},
             {"13\n0.0\n23\n1.0",
              "13\n0.0\n23\n2.0",
              {"model space: OdDbFace 74: corner 4: 1 | 2, off by 1, allowed 1e-06"}},
@@ -232,7 +232,7 @@ class DrawingComparisonTest : public CppUnit::TestFixture
              {"dictionary ACAD_GROUP: OdDbGroup PAIR: member: OdDbBlockReference 71 | OdDbFace 74"}},
             {"1\nnote",
              "1\nNOTE",
-             {"dictionary NOTES: OdDbRawObject DATA: group 1 of AcDbXrecord: \"note\" | \"NOTE\""}},
+             {"dictionary NOTES: XRECORD DATA: group 1 of AcDbXrecord: \"note\" | \"NOTE\""}},
             {"3\nSELF\n350\nC",
              "3\nSELF\n350\nD",
              {"dictionary NOTES: OdDbDictionary SELF: entry: OdDbDictionary C | OdDbDictionary D"}},
@@ -258,10 +258,10 @@ class DrawingComparisonTest : public CppUnit::TestFixture
              {"layer table: OdDbLayerTableRecord NEW: only in the second drawing"}},
             {"0\nGROUP\n5\n81",
              "0\nXRECORD\n5\n89\n330\n0\n100\nAcDbXrecord\n0\nGROUP\n5\n81",
-             {"objects: OdDbRawObject 89: only in the second drawing"}},
+             {"objects: XRECORD 89: only in the second drawing"}},
             {"3\nPAIR\n350\n81\n",
              "3\nPAIR\n350\n81\n3\nOTHER\n350\n82\n",
-             {"dictionary ACAD_GROUP: OdDbRawObject OTHER: only in the second drawing"}},
+             {"dictionary ACAD_GROUP: XRECORD OTHER: only in the second drawing"}},
         };
         OdDbDatabasePtr const first = dxfText::read(drawing());
         for (Change const& addition : additions) {
@@ -290,9 +290,9 @@ class DrawingComparisonTest : public CppUnit::TestFixture
         OdDbDatabasePtr const first = dxfText::read(drawing());
         std::string const changed = replaced(drawing(), "1\nheld", "1\nHELD");
         std::string const what = ": group 1 of AcDbXrecord: \"held\" | \"HELD\"";
-        assertDifferences({"objects: OdDbRawObject 83" + what}, differencesOf(*first, *dxfText::read(changed)),
+        assertDifferences({"objects: XRECORD 83" + what}, differencesOf(*first, *dxfText::read(changed)),
                           "a change");
-        assertDifferences({"objects: OdDbRawObject 83/1083" + what},
+        assertDifferences({"objects: XRECORD 83/1083" + what},
                           differencesOf(*first, *dxfText::read(renumbered(changed))),
                           "other handles and a change");
     }
@@ -380,7 +380,7 @@ class DrawingComparisonTest : public CppUnit::TestFixture
         });
         CPPUNIT_ASSERT(comparison.entitiesInOrder(first->getModelSpaceId(), second->getModelSpaceId()));
         CPPUNIT_ASSERT_EQUAL(6L, comparison.comparedEntities());
-        std::map<OdString, long> const byFields{{L"OdDbFace", 1}, {L"OdDbRawEntity", 1}};
+        std::map<OdString, long> const byFields{{L"OdDbFace", 1}, {L"LEADER", 1}};
         CPPUNIT_ASSERT(byFields == comparison.comparedByFields());
 
         OdDbObjectId const line = second->getOdDbObjectId(OdDbHandle(0x70));

@@ -87,12 +87,14 @@ class TestFixtureRollback : public DocumentFixture
         fixture.tearDownDefault();
         std::string const after = saved();
         if (before != after)
-            CPPUNIT_FAIL(where + ", seed " + std::to_string(seed) + "\n" + history + firstDifference(before, after));
+            CPPUNIT_FAIL(where + ", seed " + std::to_string(seed) + "\n" + history +
+                         firstDifference(before, after));
     }
 
     void testRandomCommandsInANewDrawing()
     {
-        // Two fixtures after one another, the second in what commands drew before: there is something to be edited.
+        // Two fixtures after one another, the second in what commands drew before: there is something to be
+        // edited.
         int const seeds = numberFromEnvironment("VORN_RANDOM_COUNT", 30);
         auto const first = static_cast<unsigned>(numberFromEnvironment("VORN_RANDOM_SEED", 1));
         for (unsigned seed = first; seed < first + static_cast<unsigned>(seeds); ++seed) {

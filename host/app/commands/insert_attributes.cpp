@@ -51,6 +51,18 @@ Task<> askValues(Editor& editor, std::vector<AttributeValue>& values, OdString h
     }
 }
 
+/// Text of several lines keeps its formatting unless another value was given.
+void giveText(OdDbAttribute& attribute, OdDbAttributeDefinition const& definition, OdString const& text)
+{
+    if (definition.isMTextAttribute()) {
+        OdDbMTextPtr const lines = definition.getMTextAttribute();
+        if (text != definition.textString())
+            lines->setContents(text);
+        attribute.setMTextAttribute(lines.get());
+    }
+    attribute.setTextString(text);
+}
+
 /// The look of the definition, in the coordinates of the block.
 OdDbAttributePtr attributeLike(OdDbAttributeDefinition const& definition)
 {
@@ -105,8 +117,9 @@ void appendAttributes(OdDbBlockReference& reference, std::vector<AttributeValue>
 {
     OdGeMatrix3d const placement = reference.blockTransform();
     for (AttributeValue const& value : values) {
-        OdDbAttributePtr const attribute = attributeLike(*definitionOf(value));
-        attribute->setTextString(value.text);
+        OdSmartPtr<OdDbAttributeDefinition> const definition = definitionOf(value);
+        OdDbAttributePtr const attribute = attributeLike(*definition);
+        giveText(*attribute, *definition, value.text);
         if (OdResult const result = attribute->transformBy(placement); result != eOk)
             throw OdError(result,
                           odFormat(L"The attribute \"%ls\" cannot be placed so", attribute->tag().c_str()));

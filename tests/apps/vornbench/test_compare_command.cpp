@@ -62,12 +62,12 @@ private:
         CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out + run.err, 0, run.exitCode);
         CPPUNIT_ASSERT_EQUAL(
             std::string("a.dxf | binary.dxf\nequal; 4 pairs of entities compared, 1 by the fields "
-                        "of drawing files (OdDbRawEntity 1)\n"),
+                        "of drawing files (BALLOON 1)\n"),
             run.out);
         CPPUNIT_ASSERT_EQUAL(
             std::string("{\"files\":[\"a.dxf\",\"binary.dxf\"],\n\"options\":{\"tolerance\":1e-06},\n"
                         "\"differences\":[],\n\"equal\":true,\n\"counts\":{\"differences\":0,"
-                        "\"comparedEntities\":4,\"comparedByFields\":{\"OdDbRawEntity\":1}}}\n"),
+                        "\"comparedEntities\":4,\"comparedByFields\":{\"BALLOON\":1}}}\n"),
             m_folder.read("report.json"));
     }
 

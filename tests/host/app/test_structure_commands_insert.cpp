@@ -15,6 +15,7 @@ class TestInsertCommand : public BlockScriptTest
     CPPUNIT_TEST(insertOffersTheLastName);
     CPPUNIT_TEST(attributesAreAskedFor);
     CPPUNIT_TEST(attributesGoWithThePlacement);
+    CPPUNIT_TEST(attributesOfSeveralLines);
     CPPUNIT_TEST(refusals);
     CPPUNIT_TEST(prompts);
     CPPUNIT_TEST_SUITE_END();
@@ -116,6 +117,27 @@ public:
         CPPUNIT_ASSERT(attribute->ownerId() == firstReference()->objectId());
         run(L"U");
         CPPUNIT_ASSERT_EQUAL(std::string(), modelSpace());
+    }
+
+    void attributesOfSeveralLines()
+    {
+        makeTitleBlock();
+        auto const block = db().table(OdDbTableKind::kBlock).getAt(L"Title").open<OdDbBlockTableRecord>();
+        OdDbObjectIterator it = block->newIterator();
+        while (!odCast<OdDbAttributeDefinition>(it.entity().get()))
+            it.step();
+        OdDbMTextPtr const lines(new OdDbMText);
+        lines->setContents(L"{first}\\Psecond");
+        auto const definition = it.objectId().open<OdDbAttributeDefinition>(OdDb::kForWrite);
+        definition->setMTextAttribute(lines.get());
+        setVariable(L"ATTREQ", 0);
+        run(L"-INSERT|Title|10,0|2|2|90");
+        auto const attribute = firstReference()->attributeIterator().objectId().open<OdDbAttribute>();
+        CPPUNIT_ASSERT(attribute->isMTextAttribute());
+        OdDbMTextPtr const shown = attribute->getMTextAttribute();
+        CPPUNIT_ASSERT_EQUAL(std::string("{first}\\Psecond"), shown->contents().toUtf8());
+        CPPUNIT_ASSERT(shown->direction().isEqualTo(OdGeVector3d::kYAxis));
+        CPPUNIT_ASSERT_EQUAL(attribute->height(), shown->textHeight());
     }
 
     void refusals()
