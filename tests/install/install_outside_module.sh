@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build tree, moves the installation, builds a test module outside of the source tree against it and runs
-# that module's tests with the installed bench.
+# Installs the build tree, moves the installation, builds test modules outside of the source tree against it, one of them
+# that of the examples, and runs their tests with the installed bench.
 # Usage: install_outside_module.sh BUILD_DIR SOURCE_DIR CXX_COMPILER BUILD_TYPE
 set -euo pipefail
 
@@ -42,10 +42,15 @@ while read -r binary; do
     done
 done < <(find "$installed/bin" "$installed/lib" -type f \( -name '*.so' -o -name vornbench \))
 
+# Usage: build_module SOURCE_DIR BUILD_DIR
+build_module() {
+    expect_exit 0 "$work/log" cmake -S "$1" -B "$2" -G Ninja -DCMAKE_PREFIX_PATH="$installed" \
+        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE="$build_type"
+    expect_exit 0 "$work/log" cmake --build "$2"
+}
+
 cp -r "$here/outside_module" "$project"
-expect_exit 0 "$work/log" cmake -S "$project" -B "$project/build" -G Ninja -DCMAKE_PREFIX_PATH="$installed" \
-    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_BUILD_TYPE="$build_type"
-expect_exit 0 "$work/log" cmake --build "$project/build"
+build_module "$project" "$project/build"
 
 bench="$installed/bin/vornbench"
 expect_exit 0 "$work/list" "$bench" list "$project/config.xml"
@@ -59,3 +64,9 @@ expect_line "$work/run" "selected 2 of 3"
 expect_exit 1 "$work/run" "$bench" run "$project/config.xml" outside_wrong --no-color
 expect_line "$work/run" "wrong_count.xml:3"
 expect_line "$work/run" "model space holds 2 entities, expected 3"
+
+cp -r "$source/examples" "$work/examples"
+build_module "$work/examples/module" "$work/examples/build"
+sed -i 's|module name="brackets"|module name="build/brackets"|' "$work/examples/tests.xml"
+expect_exit 0 "$work/run" "$bench" run "$work/examples/tests.xml" --no-color
+expect_line "$work/run" "Flange in C++"
