@@ -22,6 +22,17 @@ OdString textOfCoordinates(std::span<double const> values)
     return text + L")";
 }
 
+bool isInDrawing(OdDbEntity const* entity)
+{
+    return entity && entity->isDBRO();
+}
+
+std::string nameOf(OdDbEntity const& entity)
+{
+    OdString const name = classNameOf(entity);
+    return (entity.isDBRO() ? name + L" " + entity.getDbHandle().ascii() : name).toUtf8();
+}
+
 } // namespace
 
 OdString classNameOf(OdDbObject const& object)
@@ -44,6 +55,10 @@ void FailingSink::differs(Difference const& difference)
     }
     if (!difference.part.isEmpty())
         text.addDetail("In " + difference.part.toUtf8());
+    if (isInDrawing(m_subject.actual) || isInDrawing(m_subject.expected))
+        text.addDetail("Entities: " + nameOf(*m_subject.actual) + " and " + nameOf(*m_subject.expected));
+    if (m_subject.file)
+        text.addDetail("Compared at " + std::string(m_subject.file) + ":" + std::to_string(m_subject.line));
     CppUnit::Asserter::fail(text, CppUnit::SourceLine(difference.place.area, difference.place.line));
     std::abort(); // the asserter always throws, but its declaration does not say so
 }

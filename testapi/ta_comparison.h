@@ -41,7 +41,21 @@ public:
 class FailingSink : public DifferenceSink
 {
 public:
+    /// What is compared, and where in the test; all may be null.
+    struct Subject
+    {
+        OdDbEntity const* actual = nullptr;
+        OdDbEntity const* expected = nullptr;
+        char const* file = nullptr;
+        int line = 0;
+    };
+
+    FailingSink() = default;
+    explicit FailingSink(Subject const& subject) : m_subject(subject) {}
     [[noreturn]] void differs(Difference const& difference) override;
+
+private:
+    Subject m_subject;
 };
 
 /// Which objects of a drawing stand for which of another one.

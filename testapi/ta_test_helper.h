@@ -192,9 +192,10 @@ public:
     /// lineweight; layers and other records are equal when they are the same object, so entities of two drawings
     /// are compared without common properties, or through ta::DrawingComparison. `tolerance` is for widths and
     /// heights of viewports, `relTolerance` for lightweight polylines, fit tolerances and ellipse parameters;
-    /// everything else agrees to s_eps. Neither entity may be null.
+    /// everything else agrees to s_eps. Neither entity may be null. Failures show the place of the call.
     static void compareEntities(OdDbEntity const* pEnt1, OdDbEntity const* pEnt2, bool skipCommonProps = false,
-                                double tolerance = s_eps, double relTolerance = s_eps);
+                                double tolerance = s_eps, double relTolerance = s_eps,
+                                char const* file = __builtin_FILE(), int line = __builtin_LINE());
 };
 
 /// @name Comparisons of what several classes have in common

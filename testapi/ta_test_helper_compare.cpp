@@ -93,10 +93,10 @@ void Comparison::entities(OdDbEntity const& entity1, OdDbEntity const& entity2)
 }
 
 void TestHelperEx::compareEntities(OdDbEntity const* pEnt1, OdDbEntity const* pEnt2, bool skipCommonProps,
-                                   double tolerance, double relTolerance)
+                                   double tolerance, double relTolerance, char const* file, int line)
 {
     TA_CHECK(pEnt1 && pEnt2, L"compareEntities: an entity is missing");
-    FailingSink failing;
+    FailingSink failing({pEnt1, pEnt2, file, line});
     Comparison(failing, {skipCommonProps, tolerance, relTolerance, s_eps}).entities(*pEnt1, *pEnt2);
 }
 

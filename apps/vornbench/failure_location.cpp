@@ -13,32 +13,41 @@
 
 namespace {
 
-// A command test adds this detail to each failure: Operation 'NAME' at PATH:LINE
-constexpr std::string_view operationBegin = "Operation '";
-constexpr std::string_view operationPlace = "' at ";
-
-FileLocation operationLocation(std::string_view detail)
+/// A detail of a failure that ends in PATH:LINE.
+struct PlaceForm
 {
-    std::size_t const place = detail.find(operationPlace);
+    std::string_view begin;
+    std::string_view beforePath;
+};
+
+constexpr PlaceForm placeForms[] = {
+    {"Operation '", "' at "}, // a command test adds its operation to each failure
+    {"Compared at ", "at "},  // a comparison of entities adds where it was called
+};
+
+FileLocation locationIn(std::string_view detail, PlaceForm const& form)
+{
+    std::size_t const place = detail.find(form.beforePath);
     std::size_t const colon = detail.rfind(':');
-    if (!detail.starts_with(operationBegin) || place == std::string_view::npos ||
-        colon == std::string_view::npos || colon < place + operationPlace.size())
+    if (!detail.starts_with(form.begin) || place == std::string_view::npos || colon == std::string_view::npos ||
+        colon < place + form.beforePath.size())
         return {};
     int line = 0;
     char const* const end = detail.data() + detail.size();
     auto const [stop, error] = std::from_chars(detail.data() + colon + 1, end, line);
     if (error != std::errc() || stop != end || line <= 0)
         return {};
-    std::size_t const pathBegin = place + operationPlace.size();
+    std::size_t const pathBegin = place + form.beforePath.size();
     return {shownPath(std::string(detail.substr(pathBegin, colon - pathBegin))), line};
 }
 
 // Nested operations add their lines from the inside out; the innermost is the one that failed.
-FileLocation innermostOperation(std::vector<std::string> const& details)
+FileLocation innermostLocation(std::vector<std::string> const& details)
 {
     for (std::string const& detail : details)
-        if (FileLocation location = operationLocation(detail); !location.file.empty())
-            return location;
+        for (PlaceForm const& form : placeForms)
+            if (FileLocation location = locationIn(detail, form); !location.file.empty())
+                return location;
     return {};
 }
 
@@ -65,7 +74,7 @@ TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntr
         record.details.push_back(message.detailAt(i));
     if (CppUnit::SourceLine const line = failure.sourceLine(); line.isValid())
         record.source = {line.fileName(), line.lineNumber()};
-    record.location = innermostOperation(record.details);
+    record.location = innermostLocation(record.details);
     if (record.location.file.empty()) {
         record.location = testLocation(entry);
         if (!record.location.file.empty())
