@@ -3,6 +3,7 @@
 // of which no row speaks.
 #include "testapi/ta_drawing_comparison_fields.h"
 #include "testapi/ta_drawing_comparison_teller.h"
+#include "testapi/ta_drawing_comparison_used.h"
 
 namespace ta {
 
@@ -210,13 +211,26 @@ bool DrawingComparison::entitiesInOrder(OdDbObjectId block1, OdDbObjectId block2
 
 bool DrawingComparison::recordsOfEqualName()
 {
+    return compareRecordsWhere([](OdDbSymbolTableRecord const&) { return true; });
+}
+
+bool DrawingComparison::recordsUsedBy(std::vector<OdDbEntity const*> const& entities)
+{
+    UsedRecords used(m_first, m_options.skipCommonProps);
+    for (OdDbEntity const* const entity : entities)
+        used.add(*entity);
+    return compareRecordsWhere([&used](OdDbSymbolTableRecord const& record) { return used.contains(record); });
+}
+
+bool DrawingComparison::compareRecordsWhere(std::function<bool(OdDbSymbolTableRecord const&)> const& isWanted)
+{
     constexpr OdDbTableKind kKinds[] = {OdDbTableKind::kLayer, OdDbTableKind::kLinetype, OdDbTableKind::kTextStyle,
                                         OdDbTableKind::kDimStyle, OdDbTableKind::kBlock};
     long const before = m_differences;
     for (OdDbTableKind const kind : kKinds) {
         for (RecordPair const& pair : pairRecords(kind)) {
             auto const* const block = odCast<OdDbBlockTableRecord>(pair.first);
-            if (!pair.first || !pair.second || (block && block->isLayout()))
+            if (!pair.first || !pair.second || (block && block->isLayout()) || !isWanted(*pair.first))
                 continue;
             compareRecords(kind, pair);
             if (block)

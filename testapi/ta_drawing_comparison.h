@@ -65,6 +65,11 @@ public:
     /// Layers, linetypes, text styles, dimension styles and blocks that both drawings have, blocks with their
     /// entities in order. Spaces are not among the blocks.
     bool recordsOfEqualName();
+    /// Of these, the ones that the given entities of the first drawing use: what they and their parts name, what
+    /// such records name in turn, and what the entities of used blocks name. When common properties are skipped,
+    /// the layers and linetypes of entities are not among it. Of entities that the host only keeps, the handles in
+    /// their tags count, and the names of blocks, linetypes and styles.
+    bool recordsUsedBy(std::vector<OdDbEntity const*> const& entities);
     /// The entities of two blocks (or spaces), pair by pair in their order.
     bool entitiesInOrder(OdDbObjectId block1, OdDbObjectId block2);
     /// The same, but paired as in wholeDrawings(): for blocks that hold different numbers of entities, where the
@@ -119,6 +124,7 @@ private:
     void countPair(OdDbEntity const& entity);
 
     std::vector<RecordPair> pairRecords(OdDbTableKind kind) const;
+    bool compareRecordsWhere(std::function<bool(OdDbSymbolTableRecord const&)> const& isWanted);
     void compareRecords(OdDbTableKind kind, RecordPair const& pair);
     void compareDimStyles(OdDbDimStyleTableRecord const& style1, OdDbDimStyleTableRecord const& style2,
                           Teller& teller) const;

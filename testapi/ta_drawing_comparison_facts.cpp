@@ -85,7 +85,7 @@ bool isAttachmentOfAttributeTold(OdDbObject const& object1, OdDbObject const& ob
 
 constexpr int s_all = -1;
 constexpr int s_x = 1, s_y = 2, s_z = 4;
-constexpr std::string_view s_common = "AcDbEntity";
+constexpr std::string_view s_common = kEntityMarker;
 constexpr std::string_view s_embedded = "Embedded Object";
 constexpr std::string_view s_polyline2d = "AcDb2dPolyline", s_vertex2d = "AcDb2dVertex";
 constexpr std::string_view s_polyline3d = "AcDb3dPolyline", s_vertex3d = "AcDb3dPolylineVertex";

@@ -8,6 +8,9 @@
 
 namespace ta {
 
+/// The section of what all entities have in common.
+inline constexpr std::string_view kEntityMarker = "AcDbEntity";
+
 /// "thickness", "group 91 of AcDb2dVertex".
 OdString fieldName(OdDbObject const& object, std::string_view marker, int code);
 /// What the rows of the class tell of a pair of objects where it differs: bits of an integer, coordinates of a

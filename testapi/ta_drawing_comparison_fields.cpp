@@ -8,7 +8,6 @@ namespace ta {
 
 namespace {
 
-constexpr std::string_view s_commonMarker = "AcDbEntity";
 constexpr char s_area[] = "testapi/ta_drawing_comparison";
 
 template <class T>
@@ -134,7 +133,7 @@ FieldComparison::FieldComparison(OdDbDatabase const& first, OdDbDatabase const& 
 
 bool FieldComparison::isCompared(OdDbSection const& section) const
 {
-    return !m_options.skipCommonProps || section.marker != s_commonMarker;
+    return !m_options.skipCommonProps || section.marker != kEntityMarker;
 }
 
 bool FieldComparison::areIdentical(OdDbObject const& object1, OdDbObject const& object2)
@@ -167,7 +166,7 @@ bool FieldComparison::haveIdenticalFields(OdDbObject const& object1, OdDbObject 
             if (!isIdentical(field, placeIn(object1, field), placeIn(object2, field)))
                 return false;
         // The tail of the common properties says where the entity lies.
-        if (!section.writeTail || section.marker == s_commonMarker)
+        if (!section.writeTail || section.marker == kEntityMarker)
             continue;
         if (section.isWritten && section.isWritten(object1) != section.isWritten(object2))
             return false;
@@ -235,7 +234,7 @@ void FieldComparison::comparePair(Pair const& pair)
             continue;
         for (OdDbField const& field : section.fields)
             compareField(pair, section.marker, field);
-        if (section.writeTail && section.marker != s_commonMarker && pair.fields != kWithoutTails)
+        if (section.writeTail && section.marker != kEntityMarker && pair.fields != kWithoutTails)
             compareTail(pair, section);
     }
     if (pair.object1.extras() || pair.object2.extras())
@@ -259,7 +258,7 @@ void FieldComparison::compareField(Pair const& pair, std::string_view marker, Od
     if (isNameOfSheet(pair.object1, field))
         return;
     void const *const place1 = placeIn(pair.object1, field), *const place2 = placeIn(pair.object2, field);
-    if (isIdentical(field, place1, place2) || (marker == s_commonMarker && followsWhole(pair, field)))
+    if (isIdentical(field, place1, place2) || (marker == kEntityMarker && followsWhole(pair, field)))
         return;
     int const told = pair.fields == kWithoutRows
                          ? toldByRows(marker, field.code, pair.object1, pair.object2, m_options.eps)

@@ -56,7 +56,8 @@ void compareWithReference(TestCmdArg& test, pugi::xml_node node, ut::FileName co
 {
     TA_CHECK(fileName.fileExists(), L"File not found: %ls", fileName.getFullPath().c_str());
     OdDbDatabasePtr const refDb = ca::app()->readFile(fileName.getFullPath());
-    TA_CHECK(!refDb.isNull());
+    // Why a file is no drawing, reading it says on the command line.
+    TA_CHECK(!refDb.isNull(), L"%ls", ca::app()->commandLine().lastPrompt().c_str());
     test.assertReference(TestCmdArg::ReferenceContext(node, refDb.get()));
 }
 

@@ -17,8 +17,8 @@ bool readOptional(pugi::xml_node node, wchar_t const* name, T& value)
 
 void readTolerance(pugi::xml_node node, wchar_t const* name, double& value)
 {
-    TA_CHECK(readOptional(node, name, value) && value >= 0,
-             L"%ls is no tolerance, which is a number from 0 on: '%ls'", name, node.attribute(name).value());
+    TA_CHECK(readOptional(node, name, value) && value >= 0, L"%ls: '%ls' is not a number from 0 on", name,
+             node.attribute(name).value());
 }
 
 ta::Comparison::Options optionsOf(pugi::xml_node node)
@@ -51,21 +51,39 @@ struct EntityLists
         if (!given)
             return;
         references = ta::TestCmdArg::tokenizeNamesString(given.value());
-        TA_CHECK(entities.size() == references.size(), L"%d entities, but %d references", int(entities.size()),
+        TA_CHECK(entities.size() == references.size(), L"entities lists %d, references %d", int(entities.size()),
                  int(references.size()));
     }
 };
 
-void compareEntities(EntityLists const& lists, ta::TestCmdArg const& test,
-                     ta::TestCmdArg::ReferenceContext const& context, ta::DrawingComparison& comparison)
+struct OpenedPair
 {
+    OdDbEntityPtr actual;
+    OdDbEntityPtr expected;
+};
+
+std::vector<OpenedPair> openedPairs(EntityLists const& lists, ta::TestCmdArg const& test,
+                                    ta::TestCmdArg::ReferenceContext const& context)
+{
+    std::vector<OpenedPair> pairs;
     for (std::size_t i = 0; i < lists.entities.size(); ++i) {
         OdString const& name = lists.entities[i];
         OdDbObjectId const id = test.getObjectId(name);
         TA_CHECK(id.database() == test.curDb(), L"Entity %ls is not in the current drawing", name.c_str());
         OdString const reference = lists.references.empty() ? id.getHandle().ascii() : lists.references[i];
-        comparison.entities(*openedEntity(id, name), *openedEntity(context.getObjectId(reference), reference));
+        pairs.push_back({openedEntity(id, name), openedEntity(context.getObjectId(reference), reference)});
     }
+    return pairs;
+}
+
+void compareEntities(std::vector<OpenedPair> const& pairs, ta::DrawingComparison& comparison)
+{
+    std::vector<OdDbEntity const*> entities;
+    for (OpenedPair const& pair : pairs)
+        entities.push_back(pair.actual.get());
+    comparison.recordsUsedBy(entities);
+    for (OpenedPair const& pair : pairs)
+        comparison.entities(*pair.actual, *pair.expected);
 }
 
 int modelSpaceEntities(OdDbDatabase const& database)
@@ -96,6 +114,8 @@ void compareModelSpaces(OdDbDatabase const& actual, OdDbDatabase const& expected
 void ReferenceTest::assertReference(ReferenceContext const& context)
 {
     pugi::xml_node const node = context.node();
+    TA_CHECK(node.attribute(L"entities") || !node.attribute(L"references"),
+             L"references says what stands for entities, but entities is missing");
     ta::Comparison::Options const options = optionsOf(node);
     if (!context.referenceDb())
         context.getObjectId(OdString()); // fails, and says what is missing
@@ -103,17 +123,19 @@ void ReferenceTest::assertReference(ReferenceContext const& context)
         throw OdError(eNoDocument);
 
     OdDbDatabase const &actual = *curDb(), &expected = *context.referenceDb();
-    ReferenceFindings findings(*this, resolvedFileName(node.attribute(L"dwgName").value()).getFullPath());
+    ut::FileName const reference = resolvedFileName(node.attribute(L"dwgName").value());
+    ReferenceFindings findings(*this, reference.getFullPath());
     ta::DrawingComparison comparison(actual, expected, options,
                                      [&](ta::DrawingDifference const& difference) { findings.add(difference); });
-    comparison.recordsOfEqualName();
-    if (node.attribute(L"entities"))
-        compareEntities(EntityLists(node), *this, context, comparison);
-    else
+    if (node.attribute(L"entities")) {
+        compareEntities(openedPairs(EntityLists(node), *this, context), comparison);
+    } else {
+        comparison.recordsOfEqualName();
         compareModelSpaces(actual, expected, comparison, findings);
+    }
 
     OdString const note = ReferenceFindings::fieldsNote(comparison.comparedByFields());
     findings.failIfAny(note);
     if (!note.isEmpty())
-        std::cout << note.toUtf8() << std::endl;
+        std::cout << getName() << ", " << reference.getFullName().toUtf8() << ": " << note.toUtf8() << std::endl;
 }

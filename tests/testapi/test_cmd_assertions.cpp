@@ -130,7 +130,8 @@ public:
              "Expression: insert->blockTableRecord() == blockId|Insert " + insert +
                  " is not an instance of block B"},
             {"<assertReference dwgName='no.dwg'/>", "Expression: fileName.fileExists()|File not found: @/no.dwg"},
-            {"<assertReference dwgName='t.xml'/>", "Expression: !refDb.isNull()"},
+            {"<assertReference dwgName='t.xml'/>", "Expression: !refDb.isNull()|@/t.xml:1: This is not a drawing: "
+                                                   "no group code 0 or 999 in the first line"},
         };
         for (Row const& row : rows) {
             std::string const name = row.operation.substr(1, row.operation.find_first_of(" /") - 1);

@@ -179,6 +179,7 @@ class DrawingComparisonTest : public CppUnit::TestFixture
     CPPUNIT_TEST(comparesAttributesByTag);
     CPPUNIT_TEST(ordersAndCountsPairs);
     CPPUNIT_TEST(comparesRecordsOfEqualName);
+    CPPUNIT_TEST(comparesRecordsThatEntitiesUse);
     CPPUNIT_TEST(changesNothing);
     CPPUNIT_TEST_SUITE_END();
 
@@ -406,6 +407,62 @@ class DrawingComparisonTest : public CppUnit::TestFixture
         ta::DrawingComparison changed(*first, *third, {}, {});
         CPPUNIT_ASSERT(!changed.recordsOfEqualName());
         CPPUNIT_ASSERT_EQUAL(2L, changed.differences());
+    }
+
+    /// In two drawings of which all records differ. The block holds itself, and a text; the dimension style, which
+    /// an entity that is only kept names, has a text style.
+    void comparesRecordsThatEntitiesUse()
+    {
+        auto const inBlock = [](std::string const& start, std::string const& rest) {
+            return "0\n" + start + "\n330\n51\n100\nAcDbEntity\n8\nWALLS\n" + rest;
+        };
+        std::string text = replaced(
+            drawing(), "0\nCIRCLE\n5\n63",
+            inBlock("INSERT\n5\n65", "100\nAcDbBlockReference\n2\nDOOR\n10\n1.0\n20\n0.0\n30\n0.0\n") +
+                inBlock("TEXT\n5\n66", "100\nAcDbText\n10\n1.0\n20\n1.0\n30\n0.0\n40\n0.5\n1\nin\n7\nSIGNS\n"
+                                       "100\nAcDbText\n") +
+                "0\nCIRCLE\n5\n63");
+        text = replaced(text, "FINE\n70\n0\n41\n2.5", "FINE\n70\n0\n41\n2.5\n340\n31");
+        OdDbDatabasePtr const first = dxfText::read(text);
+        for (auto const& [from, to] : {std::pair("WALLS\n70\n0\n62\n1", "WALLS\n70\n0\n62\n5"),
+                                       {"DOORS\n70\n0\n62\n2", "DOORS\n70\n0\n62\n6"},
+                                       {"3\ntxt\n", "3\nromans\n"},
+                                       {"3\ngothic\n", "3\nitalic\n"},
+                                       {"FINE\n70\n0\n41\n2.5", "FINE\n70\n0\n41\n3.5"},
+                                       {"40\n1.25", "40\n2.25"}})
+            text = replaced(text, from, to);
+        OdDbDatabasePtr const second = dxfText::read(text);
+
+        constexpr std::uint64_t kLine = 0x70, kInsert = 0x71, kText = 0x72, kLeader = 0x73, kPolyline = 0x75;
+        struct Row
+        {
+            std::vector<std::uint64_t> entities;
+            bool skipCommonProps;
+            std::vector<std::string> records;
+        };
+        Row const rows[] = {
+            {{}, false, {}},
+            {{kLine}, false, {"WALLS"}},
+            {{kLine, kPolyline}, true, {}},
+            {{kInsert}, false, {"WALLS", "DOORS", "SIGNS", "OdDbCircle"}},
+            {{kInsert}, true, {"SIGNS", "OdDbCircle"}},
+            {{kText, kText, kLine}, true, {"NOTES"}},
+            {{kLeader}, false, {"WALLS", "NOTES", "FINE"}},
+            {{kInsert, kLeader}, true, {"NOTES", "SIGNS", "FINE", "OdDbCircle"}},
+        };
+        for (Row const& row : rows) {
+            std::vector<OdDbEntity const*> used;
+            for (std::uint64_t const handle : row.entities)
+                used.push_back(
+                    static_cast<OdDbEntity const*>(first->getOdDbObjectId(OdDbHandle(handle)).stub()->object));
+            std::vector<std::string> found;
+            auto const receive = [&found](ta::DrawingDifference const& difference) {
+                found.push_back((difference.name.isEmpty() ? difference.className : difference.name).toUtf8());
+            };
+            ta::DrawingComparison comparison(*first, *second, {.skipCommonProps = row.skipCommonProps}, receive);
+            CPPUNIT_ASSERT_EQUAL(row.records.empty(), comparison.recordsUsedBy(used));
+            assertDifferences(row.records, found, "row " + std::to_string(&row - rows));
+        }
     }
 
     void changesNothing()
