@@ -170,15 +170,6 @@ void OdDbMText::setDatabaseDefaults(OdDbDatabase& database)
         m_textHeight = height;
 }
 
-double OdDbMText::usualHeight() const
-{
-    auto const style = OdSmartPtr<OdDbTextStyleTableRecord>(textStyle().openObject());
-    if (style && style->textSize() > 0)
-        return style->textSize();
-    double const current = database()->header().real("TEXTSIZE");
-    return current > 0 ? current : 1.0;
-}
-
 void OdDbMText::audit(OdDbAuditInfo& info) const
 {
     OdDbEntity::audit(info);
@@ -186,7 +177,9 @@ void OdDbMText::audit(OdDbAuditInfo& info) const
         info.report(*this, odFormat(L"its text height %g is not positive", m_textHeight),
                     m_textHeight < 0 ? L"made positive" : L"the usual height taken", [](OdDbObject& object) {
                         auto& text = static_cast<OdDbMText&>(object);
-                        text.setTextHeight(text.textHeight() < 0 ? -text.textHeight() : text.usualHeight());
+                        text.setTextHeight(text.textHeight() < 0
+                                               ? -text.textHeight()
+                                               : odDbUsualTextHeight(*text.database(), text.textStyle()));
                     });
     if (!isAttachment(m_attachment))
         info.report(*this, odFormat(L"its attachment %d is not between 1 and 9", m_attachment), L"top left taken",

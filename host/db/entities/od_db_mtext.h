@@ -119,7 +119,6 @@ private:
     void takeDirection(OdGeVector3d const& direction);
     /// Brings what the embedded object repeats in line, and scales its lengths along and across the lines.
     void updateColumns(double along = 1, double across = 1);
-    double usualHeight() const;
 
     OdGePoint3d m_location; ///< in the world
     double m_textHeight = 1.0;

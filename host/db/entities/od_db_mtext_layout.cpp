@@ -19,7 +19,7 @@ OdDbMText::Axes OdDbMText::axes() const
 
 OdDbParagraph OdDbMText::paragraph() const
 {
-    auto const style = OdSmartPtr<OdDbTextStyleTableRecord>(textStyle().openObject());
+    OdDbTextStyleTableRecordPtr const style = odDbTextStyleOf(textStyle());
     return {.height = m_textHeight,
             .widthFactor = style && style->xScale() > 0 ? style->xScale() : 1.0,
             .frameWidth = m_width,

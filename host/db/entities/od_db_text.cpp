@@ -189,15 +189,6 @@ void OdDbText::setDatabaseDefaults(OdDbDatabase& database)
     m_style = database.getTEXTSTYLE();
 }
 
-double OdDbText::usualHeight() const
-{
-    auto const style = OdSmartPtr<OdDbTextStyleTableRecord>(textStyle().openObject());
-    if (style && style->textSize() > 0)
-        return style->textSize();
-    double const current = database()->header().real("TEXTSIZE");
-    return current > 0 ? current : 1.0;
-}
-
 void OdDbText::audit(OdDbAuditInfo& info) const
 {
     OdDbEntity::audit(info);
@@ -205,7 +196,9 @@ void OdDbText::audit(OdDbAuditInfo& info) const
         info.report(*this, odFormat(L"its height %g is not positive", m_height),
                     m_height < 0 ? L"made positive" : L"the usual height taken", [](OdDbObject& object) {
                         auto& text = static_cast<OdDbText&>(object);
-                        text.setHeight(text.height() < 0 ? -text.height() : text.usualHeight());
+                        text.setHeight(text.height() < 0
+                                           ? -text.height()
+                                           : odDbUsualTextHeight(*text.database(), text.textStyle()));
                     });
     if (m_widthFactor <= 0)
         info.report(*this, odFormat(L"its width factor %g is not positive", m_widthFactor), L"1 taken",

@@ -91,8 +91,6 @@ private:
     OdGeVector2d mirrorSigns() const;
     /// Brings the position in line with the alignment point.
     void adjustPosition();
-    /// For a text whose own height is none: that of its style, else the one that new texts get.
-    double usualHeight() const;
     std::optional<Layout> layoutAfter(OdGeMatrix3d const& transformation) const;
 
     double m_thickness = 0.0;

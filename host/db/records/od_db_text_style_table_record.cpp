@@ -1,5 +1,7 @@
 #include "host/db/records/od_db_text_style_table_record.h"
 
+#include "host/db/od_db_database.h"
+
 OD_DB_DEFINE_CLASS(OdDbTextStyleTableRecord, OdDbSymbolTableRecord, "STYLE")
 
 OdDbFieldTable const& OdDbTextStyleTableRecord::fields()
@@ -70,4 +72,19 @@ void OdDbTextStyleTableRecord::setBigFontFileName(OdString const& font)
 {
     assertWriteEnabled();
     m_bigFontFileName = font;
+}
+
+OdDbTextStyleTableRecordPtr odDbTextStyleOf(OdDbObjectId id)
+{
+    OdDbObjectPtr const object = id.openObject();
+    return OdDbTextStyleTableRecordPtr(odCast<OdDbTextStyleTableRecord>(object.get()));
+}
+
+double odDbUsualTextHeight(OdDbDatabase const& database, OdDbObjectId style)
+{
+    OdDbTextStyleTableRecordPtr const record = odDbTextStyleOf(style);
+    if (record && record->textSize() > 0)
+        return record->textSize();
+    double const current = database.header().real("TEXTSIZE");
+    return current > 0 ? current : 1.0;
 }

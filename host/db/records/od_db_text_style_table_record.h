@@ -53,3 +53,8 @@ private:
     OdString m_bigFontFileName;
 };
 using OdDbTextStyleTableRecordPtr = OdSmartPtr<OdDbTextStyleTableRecord>;
+
+/// The record of an id; null for none, an erased one, and what is no text style in a damaged drawing.
+OdDbTextStyleTableRecordPtr odDbTextStyleOf(OdDbObjectId id);
+/// For a text whose own height is none: that of its style, else the one that new texts get.
+double odDbUsualTextHeight(OdDbDatabase const& database, OdDbObjectId style);

@@ -29,8 +29,7 @@ struct Layout
 double widthFactorOf(OdDbDatabase const& database, std::string_view style)
 {
     OdDbObjectId const id = database.table(OdDbTableKind::kTextStyle).getAt(OdString::fromUtf8(style));
-    auto const record =
-        id.isErased() ? OdSmartPtr<OdDbTextStyleTableRecord>() : id.open<OdDbTextStyleTableRecord>();
+    OdDbTextStyleTableRecordPtr const record = odDbTextStyleOf(id);
     return record ? record->xScale() : 1;
 }
 
