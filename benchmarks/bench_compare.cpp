@@ -1,7 +1,8 @@
-// Compares a drawing with itself and with a copy in which all handles are others, and each entity of it with itself
-// property by property:
+// Compares a drawing with itself and with a copy in which all handles are others, and each entity of it with
+// itself property by property:
 //   bench_compare DRAWING
 // Prints the time of each comparison and what it found. The drawing is a text file.
+#include "benchmarks/drawing_main.h"
 #include "testapi/ta_drawing_comparison.h"
 #include "testapi/ta_test_helper.h"
 
@@ -93,15 +94,5 @@ void measure(OdString const& path)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: bench_compare DRAWING\n");
-        return 2;
-    }
-    try {
-        measure(OdString::fromUtf8(argv[1]));
-    } catch (std::exception const& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return measureDrawing(argc, argv, "bench_compare", &measure);
 }

@@ -1,6 +1,7 @@
 // Opens a drawing as document, moves everything in it and takes that back:
 //   bench_move DRAWING
 // Prints the time of each step, what of it the processor worked, and the most memory in use after it.
+#include "benchmarks/drawing_main.h"
 #include "host/app/ca_app.h"
 #include "host/app/ca_doc.h"
 #include "host/app/command_line.h"
@@ -51,15 +52,5 @@ void measure(OdString const& path)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: bench_move DRAWING\n");
-        return 2;
-    }
-    try {
-        measure(OdString::fromUtf8(argv[1]));
-    } catch (std::exception const& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return measureDrawing(argc, argv, "bench_move", &measure);
 }

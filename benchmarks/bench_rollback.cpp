@@ -1,6 +1,7 @@
 // A test that changes a few entities of a large drawing, and the fixture that takes it back:
 //   bench_rollback DRAWING
 // Prints the time of changing ten entities and of taking that back, the best of several rounds.
+#include "benchmarks/drawing_main.h"
 #include "testapi/ta_test_helper.h"
 
 #include <chrono>
@@ -41,9 +42,9 @@ void measure(OdString const& path)
         ta::TestHelperEx fixture;
         setUp = std::min(setUp, secondsOf([&] { fixture.setUpDefault(false); }));
         change = std::min(change, secondsOf([&] {
-            for (OdDbObjectId const id : ids)
-                changed += id.open<OdDbEntity>(OdDb::kForWrite)->transformBy(s_move) == eOk;
-        }));
+                              for (OdDbObjectId const id : ids)
+                                  changed += id.open<OdDbEntity>(OdDb::kForWrite)->transformBy(s_move) == eOk;
+                          }));
         takeBack = std::min(takeBack, secondsOf([&] { fixture.tearDownDefault(); }));
     }
     if (changed != s_changed * s_rounds)
@@ -56,15 +57,5 @@ void measure(OdString const& path)
 
 int main(int argc, char** argv)
 {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: bench_rollback DRAWING\n");
-        return 2;
-    }
-    try {
-        measure(OdString::fromUtf8(argv[1]));
-    } catch (std::exception const& error) {
-        std::fprintf(stderr, "%s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return measureDrawing(argc, argv, "bench_rollback", &measure);
 }
