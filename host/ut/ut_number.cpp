@@ -12,12 +12,10 @@ namespace ut {
 
 namespace {
 
-constexpr std::string_view s_blanks = " \t\r\n\v\f";
-
 template <class Char>
 bool isBlank(Char ch)
 {
-    return std::ranges::any_of(s_blanks, [ch](char blank) { return ch == static_cast<Char>(blank); });
+    return ch == Char{' '} || (ch >= Char{'\t'} && ch <= Char{'\r'});
 }
 
 template <class Char>
@@ -35,16 +33,15 @@ class NarrowText
 {
 public:
     /// Other characters than ASCII become "?", which no number holds.
-    template <class Char>
-    explicit NarrowText(std::basic_string_view<Char> text)
+    explicit NarrowText(std::wstring_view text)
     {
         char* out = m_short.data();
         if (text.size() > m_short.size()) {
             m_long.resize(text.size());
             out = m_long.data();
         }
-        std::ranges::transform(
-            text, out, [](Char ch) { return ch > Char{0} && ch < Char{0x7F} ? static_cast<char>(ch) : '?'; });
+        std::ranges::transform(text, out,
+                               [](wchar_t ch) { return ch > 0 && ch < 0x7F ? static_cast<char>(ch) : '?'; });
         m_view = {out, text.size()};
     }
     NarrowText(NarrowText const&) = delete;
@@ -58,92 +55,74 @@ private:
     std::string_view m_view;
 };
 
-std::size_t countDigits(std::string_view text)
+bool isDigit(char ch)
 {
-    std::size_t const end = text.find_first_not_of("0123456789");
-    return end == std::string_view::npos ? text.size() : end;
+    return ch >= '0' && ch <= '9';
 }
 
 bool skipSign(std::string_view& text)
 {
-    bool const hasSign = text.starts_with('+') || text.starts_with('-');
     bool const isNegative = text.starts_with('-');
-    text.remove_prefix(hasSign ? 1 : 0);
+    if (isNegative || text.starts_with('+'))
+        text.remove_prefix(1);
     return isNegative;
 }
 
-/// A real number taken apart; all parts are views of the text.
-struct RealParts
+std::string_view takeDigits(std::string_view& text)
 {
-    bool isNegative = false;
-    std::string_view magnitude; // everything but the sign
-    std::string_view whole;     // digits before the point
-    std::string_view fraction;  // digits behind it
-    bool isExponentNegative = false;
-    std::string_view exponent;
-};
-
-std::optional<RealParts> realParts(std::string_view text)
-{
-    RealParts parts;
-    parts.isNegative = skipSign(text);
-    parts.magnitude = text;
-    parts.whole = text.substr(0, countDigits(text));
-    text.remove_prefix(parts.whole.size());
-    if (text.starts_with('.')) {
-        text.remove_prefix(1);
-        parts.fraction = text.substr(0, countDigits(text));
-        text.remove_prefix(parts.fraction.size());
-    }
-    if (parts.whole.empty() && parts.fraction.empty())
-        return std::nullopt;
-    if (text.starts_with('e') || text.starts_with('E')) {
-        text.remove_prefix(1);
-        parts.isExponentNegative = skipSign(text);
-        parts.exponent = text.substr(0, countDigits(text));
-        text.remove_prefix(parts.exponent.size());
-        if (parts.exponent.empty())
-            return std::nullopt;
-    }
-    return text.empty() ? std::optional(parts) : std::nullopt;
+    auto const end = std::ranges::find_if_not(text, isDigit);
+    std::string_view const digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+    text.remove_prefix(digits.size());
+    return digits;
 }
 
-/// Whether a number that no double can hold is too large, not too small: by the place of its first digit.
-bool isTooLarge(RealParts const& parts)
+/// Whether a number without sign that no double can hold is too large, not too small: by the place of its first
+/// digit.
+bool isTooLarge(std::string_view number)
 {
     constexpr double farAway = 1e18; // further than any text is long
+    std::string_view const whole = takeDigits(number);
+    std::string_view fraction;
+    if (number.starts_with('.')) {
+        number.remove_prefix(1);
+        fraction = takeDigits(number);
+    }
     double exponent = 0;
-    for (char const digit : parts.exponent)
-        exponent = std::min(exponent * 10 + (digit - '0'), farAway);
-    if (parts.isExponentNegative)
-        exponent = -exponent;
-    std::size_t const wholeZeros = std::min(parts.whole.find_first_not_of('0'), parts.whole.size());
-    std::size_t const fractionZeros = std::min(parts.fraction.find_first_not_of('0'), parts.fraction.size());
-    bool const isBelowOne = wholeZeros == parts.whole.size();
+    bool isExponentNegative = false;
+    if (!number.empty()) {
+        number.remove_prefix(1); // the "e"
+        isExponentNegative = skipSign(number);
+        for (char const digit : number)
+            exponent = std::min(exponent * 10 + (digit - '0'), farAway);
+    }
+    std::size_t const wholeZeros = std::min(whole.find_first_not_of('0'), whole.size());
+    std::size_t const fractionZeros = std::min(fraction.find_first_not_of('0'), fraction.size());
+    bool const isBelowOne = wholeZeros == whole.size();
     double const place =
-        isBelowOne ? -static_cast<double>(fractionZeros) : static_cast<double>(parts.whole.size() - wholeZeros);
-    return place + exponent > 0;
+        isBelowOne ? -static_cast<double>(fractionZeros) : static_cast<double>(whole.size() - wholeZeros);
+    return place + (isExponentNegative ? -exponent : exponent) > 0;
 }
 
 /// Infinite when the number is too large; nothing when the text is no number.
 std::optional<double> realValue(std::string_view text)
 {
-    std::optional<RealParts> const parts = realParts(text);
-    if (!parts)
-        return std::nullopt;
+    bool const isNegative = skipSign(text);
+    if (text.empty() || !(isDigit(text.front()) || text.front() == '.'))
+        return std::nullopt; // a second sign, or a word that from_chars takes for a number
     double value = 0;
-    std::string_view const digits = parts->magnitude;
-    auto const result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range)
-        value = isTooLarge(*parts) ? std::numeric_limits<double>::infinity() : 0.0;
-    return parts->isNegative ? -value : value;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (end != text.data() + text.size())
+        return std::nullopt;
+    if (error == std::errc::result_out_of_range)
+        value = isTooLarge(text) ? std::numeric_limits<double>::infinity() : 0.0;
+    else if (error != std::errc())
+        return std::nullopt;
+    return isNegative ? -value : value;
 }
 
-template <class Char>
-bool parseFinite(std::basic_string_view<Char> text, double& value)
+bool parseFinite(std::string_view text, double& value)
 {
-    NarrowText const narrow(trimmed(text));
-    std::optional<double> const result = realValue(narrow.view());
+    std::optional<double> const result = realValue(text);
     if (!result || !std::isfinite(*result))
         return false;
     value = *result;
@@ -189,12 +168,12 @@ bool isNumber(wchar_t const* text, double* value)
 
 bool parseReal(std::wstring_view text, double& value)
 {
-    return parseFinite(text, value);
+    return parseFinite(NarrowText(trimmed(text)).view(), value);
 }
 
 bool parseReal(std::string_view text, double& value)
 {
-    return parseFinite(text, value);
+    return parseFinite(trimmed(text), value);
 }
 
 bool parseInt(std::wstring_view text, int& value)

@@ -38,10 +38,11 @@ bool appendCoordinates(OdString& text, std::span<double const> values, int preci
 
 std::wstring_view takeWord(std::wstring_view& text)
 {
-    constexpr std::wstring_view blanks = L" \t\r\n";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    std::wstring_view const word = text.substr(0, text.find_first_of(blanks));
-    text.remove_prefix(word.size());
+    constexpr auto isBlank = [](wchar_t ch) { return ch == L' ' || ch == L'\t' || ch == L'\r' || ch == L'\n'; };
+    auto const begin = std::ranges::find_if_not(text, isBlank);
+    auto const end = std::find_if(begin, text.end(), isBlank);
+    std::wstring_view const word(begin, end);
+    text = std::wstring_view(end, text.end());
     return word;
 }
 
