@@ -1,10 +1,15 @@
 #pragma once
 
+#include "vorntest/type_descriptor.h"
+
 #include <string>
 
 namespace vorntest {
 
-/// Mix-in of tests that are made from a file or another text: holds that test argument.
+class TestArgSuiteBuilder;
+
+/// Mix-in of tests that are made from a file or another text, and base of arguments that are handed to tests:
+/// holds that test argument.
 class TestCaseArgBase
 {
 public:
@@ -15,6 +20,16 @@ public:
     /// version here returns what the constructor was given.
     virtual std::wstring const& testArg() const = 0;
     virtual ~TestCaseArgBase();
+
+    static TypeDescriptor const* desc();
+    /// The exact class of the argument.
+    virtual TypeDescriptor const* isA() const { return desc(); }
+    /// Adds the tests that run with this argument: the version here, all that the builder's suite has.
+    virtual void addTestsToSuite(TestArgSuiteBuilder& builder);
+
+protected:
+    /// Backslashes become "/".
+    void setTestArg(std::wstring testArg);
 
 private:
     std::wstring m_testArg;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "vorntest/line_table.h"
+
 #include <pugixml.hpp>
 
-#include <cstddef>
 #include <string>
-#include <vector>
 
 namespace vorntest {
 
@@ -23,11 +23,9 @@ public:
     int line(pugi::xml_node node) const;
 
 private:
-    int lineAt(std::ptrdiff_t offset) const;
-
     std::wstring m_shownPath;
     pugi::xml_document m_document;
-    std::vector<std::ptrdiff_t> m_lineEnds; // offsets of the line feeds, in characters as the parser counts them
+    LineTable m_lines;
 };
 
 } // namespace vorntest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/vornbench/data_file_warnings.h"
 #include "apps/vornbench/module_loader.h"
 #include "apps/vornbench/test_catalog.h"
 #include "vorntest/vorn_test_bench.h"
@@ -21,9 +22,12 @@ public:
     CppUnit::PlugInManager& plugIns() { return m_modules.plugIns(); }
     /// What looks wrong in configuration and suite files but does not keep tests from running.
     std::vector<std::string> warnings() const;
+    /// What looks wrong in data files that were read since the last call, by modules or by tests that ran.
+    std::vector<std::string> takeDataFileWarnings() { return m_dataFiles.take(); }
 
 private:
-    // In the order of construction: tests live in their modules' code, modules ask for the bench.
+    // In the order of construction: tests live in their modules' code, modules ask for the bench and read data.
+    DataFileWarnings m_dataFiles;
     vorntest::VornTestBench m_bench;
     ModuleLoader m_modules;
     std::unique_ptr<CppUnit::Test> m_tests;

@@ -27,7 +27,7 @@ void printEntries(TestCatalog const& catalog, SelectedUnits const& selected, boo
 ExitCode listTests(Options const& options)
 {
     TestSelection selection(options.filters);
-    BenchSession const session(options.config);
+    BenchSession session(options.config);
     SelectedUnits const selected = selectUnits(session.catalog(), selection);
     printEntries(session.catalog(), selected, options.verbosity == Verbosity::Verbose);
     std::cout.flush();

@@ -88,6 +88,7 @@ ExitCode runTests(Options const& options)
     for (auto const& observer : observers)
         pointers.push_back(observer.get());
     RunSummary const summary = runObserved(session, selected, options, pointers);
+    printDataFileWarnings(session, std::cerr);
     bool reportsWritten = true;
     for (RunObserver const* const observer : pointers) {
         if (observer->error().empty())

@@ -2,8 +2,7 @@
 
 #include "apps/vornbench/failure_location.h"
 #include "host/root/od_string.h"
-#include "host/ut/ut_file_name.h"
-#include "host/ut/ut_text.h"
+#include "vorntest/mask_files.h"
 #include "vorntest/nearest_name.h"
 
 #include <algorithm>
@@ -15,33 +14,6 @@ namespace {
 constexpr std::wstring_view suiteElement = L"TestSuite";
 constexpr std::wstring_view suiteFileElements[] = {suiteElement, L"TestCase", L"TestFixture"};
 
-struct ResolvedMask
-{
-    fs::path folder;
-    std::wstring pattern;
-};
-
-ResolvedMask resolved(std::wstring const& mask, vorntest::TestsConfig const& config)
-{
-    ut::FileName name(mask);
-    name.normalize(ut::FileName::kAllButCase, config.root().parameter(L"basePath"));
-    return {name.getPath().toUtf8(), name.getFullName().str()};
-}
-
-/// The entries of the folder that match, sorted; an error when the folder cannot be read.
-std::vector<fs::path> matchingEntries(ResolvedMask const& mask, std::error_code& error)
-{
-    std::vector<fs::path> entries;
-    fs::directory_iterator it(mask.folder, error);
-    while (!error && it != fs::directory_iterator()) {
-        if (ut::matchesWildcard(odUtf8ToWide(it->path().filename().string()), mask.pattern))
-            entries.push_back(it->path());
-        it.increment(error);
-    }
-    std::ranges::sort(entries);
-    return entries;
-}
-
 std::wstring inQuotes(std::wstring_view text)
 {
     return L"'" + std::wstring(text) + L"'";
@@ -49,11 +21,11 @@ std::wstring inQuotes(std::wstring_view text)
 
 } // namespace
 
-ConfigWarnings::ConfigWarnings(vorntest::TestsConfig const& config, std::span<std::string const> builtSuites)
+ConfigWarnings::ConfigWarnings(vorntest::TestsConfig const& config, std::span<CatalogSuite const> builtSuites)
     : m_config(config)
 {
-    for (std::string const& name : builtSuites)
-        m_builtSuites.insert(odUtf8ToWide(name));
+    for (CatalogSuite const& suite : builtSuites)
+        m_builtSuites.emplace(odUtf8ToWide(suite.name), &suite);
 }
 
 std::vector<std::string> ConfigWarnings::collect()
@@ -62,6 +34,7 @@ std::vector<std::string> ConfigWarnings::collect()
         checkBuilt(suite);
         checkMasks(suite);
     }
+    checkUnconfigured();
     checkUnwantedFiles();
     return std::move(m_warnings);
 }
@@ -76,13 +49,15 @@ void ConfigWarnings::checkBuilt(vorntest::SuiteConfig const& suite)
 
 void ConfigWarnings::checkMasks(vorntest::SuiteConfig const& suite)
 {
-    if (suite.masks.empty() && !suite.module().empty())
+    if (suite.masks.empty() && (!suite.module().empty() || takesArguments(suite)))
         warn(m_config.path(), suite.node.line(),
              L"suite " + inQuotes(suite.name()) + L" has no <mask>, so no tests");
     bool allMatch = !suite.masks.empty();
     bool isDeclared = false;
     for (vorntest::ConfigNode const& mask : suite.masks) {
         std::vector<fs::path> const entries = entriesOf(suite, mask);
+        if (takesArguments(suite))
+            continue; // each file is a test, which says by itself what is wrong with it
         allMatch = allMatch && !entries.empty();
         for (fs::path const& entry : entries) {
             SuiteFile& file = suiteFile(entry);
@@ -90,16 +65,30 @@ void ConfigWarnings::checkMasks(vorntest::SuiteConfig const& suite)
             isDeclared = isDeclared || file.declaredSuite == suite.name();
         }
     }
-    if (allMatch && !isDeclared)
+    if (allMatch && !isDeclared && !takesArguments(suite))
         warn(m_config.path(), suite.node.line(),
              L"no file that its masks match declares suite " + inQuotes(suite.name()) + L", so it has no tests");
+}
+
+bool ConfigWarnings::takesArguments(vorntest::SuiteConfig const& suite) const
+{
+    auto const built = m_builtSuites.find(suite.name());
+    return built != m_builtSuites.end() && built->second->takesArguments;
+}
+
+void ConfigWarnings::checkUnconfigured()
+{
+    for (auto const& [name, suite] : m_builtSuites)
+        if (suite->takesArguments && !m_config.suite(name))
+            warn(m_config.path(), m_config.root().line(),
+                 L"suite " + inQuotes(name) + L" makes its tests of files, but no <suite> names it and them");
 }
 
 std::vector<fs::path> ConfigWarnings::entriesOf(vorntest::SuiteConfig const& suite,
                                                 vorntest::ConfigNode const& mask)
 {
     std::error_code error;
-    std::vector<fs::path> entries = matchingEntries(resolved(mask.value(), m_config), error);
+    std::vector<fs::path> entries = vorntest::matchingEntries(mask.value(), m_config, error);
     std::wstring const what = L"mask " + inQuotes(mask.value()) + L" of suite " + inQuotes(suite.name());
     if (error)
         warn(m_config.path(), mask.line(), what + L": cannot read the folder: " + odUtf8ToWide(error.message()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "apps/vornbench/test_catalog.h"
 #include "vorntest/tests_config.h"
 #include "vorntest/xml_source.h"
 
@@ -15,8 +16,8 @@
 class ConfigWarnings
 {
 public:
-    /// `builtSuites` are the names of the top suites that the modules made.
-    ConfigWarnings(vorntest::TestsConfig const& config, std::span<std::string const> builtSuites);
+    /// `builtSuites` are the top suites that the modules made; they outlive this object.
+    ConfigWarnings(vorntest::TestsConfig const& config, std::span<CatalogSuite const> builtSuites);
 
     /// The warnings, each "file:line: warning: text" in UTF-8, in the order of the configuration.
     std::vector<std::string> collect();
@@ -33,6 +34,8 @@ private:
 
     void checkBuilt(vorntest::SuiteConfig const& suite);
     void checkMasks(vorntest::SuiteConfig const& suite);
+    bool takesArguments(vorntest::SuiteConfig const& suite) const;
+    void checkUnconfigured();
     std::vector<std::filesystem::path> entriesOf(vorntest::SuiteConfig const& suite,
                                                  vorntest::ConfigNode const& mask);
     void checkUnwantedFiles();
@@ -42,7 +45,7 @@ private:
     void warn(std::wstring const& file, int line, std::wstring const& text);
 
     vorntest::TestsConfig const& m_config;
-    std::set<std::wstring> m_builtSuites;
+    std::map<std::wstring, CatalogSuite const*> m_builtSuites;
     std::map<std::filesystem::path, SuiteFile> m_files;
     std::vector<std::string> m_warnings;
 };

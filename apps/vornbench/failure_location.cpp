@@ -51,6 +51,13 @@ FileLocation innermostLocation(std::vector<std::string> const& details)
     return {};
 }
 
+std::string withoutLastLineEnd(std::string text)
+{
+    if (text.ends_with('\n'))
+        text.pop_back();
+    return text;
+}
+
 /// Line of the first fault of an XML file that is not well formed, else 1.
 int faultLine(std::wstring const& path)
 {
@@ -71,7 +78,7 @@ TestFailureRecord failureRecord(CppUnit::TestFailure const& failure, CatalogEntr
     CppUnit::Message const message = failure.thrownException()->message();
     record.summary = message.shortDescription();
     for (int i = 0; i < message.detailCount(); ++i)
-        record.details.push_back(message.detailAt(i));
+        record.details.push_back(withoutLastLineEnd(message.detailAt(i)));
     if (CppUnit::SourceLine const line = failure.sourceLine(); line.isValid())
         record.source = {line.fileName(), line.lineNumber()};
     record.location = innermostLocation(record.details);

@@ -12,10 +12,17 @@ std::string selectedText(std::size_t selected, std::size_t total, std::vector<st
     return text;
 }
 
-void printWarnings(BenchSession const& session, TestSelection const& selection, std::ostream& out)
+void printWarnings(BenchSession& session, TestSelection const& selection, std::ostream& out)
 {
     for (std::string const& warning : session.warnings())
         out << warning << '\n';
+    printDataFileWarnings(session, out);
     for (std::string const& filter : selection.unmatchedFilters())
         out << "vornbench: warning: no test matches the filter '" << filter << "'\n";
+}
+
+void printDataFileWarnings(BenchSession& session, std::ostream& out)
+{
+    for (std::string const& warning : session.takeDataFileWarnings())
+        out << warning << '\n';
 }

@@ -1,6 +1,7 @@
 #include "apps/vornbench/test_catalog.h"
 
 #include "host/root/od_string.h"
+#include "vorntest/test_arg_suite.h"
 #include "vorntest/test_case_arg_base.h"
 #include "vorntest/tests_config.h"
 
@@ -60,8 +61,10 @@ struct Pending
 TestCatalog::TestCatalog(CppUnit::Test& root, vorntest::TestsConfig const& config)
 {
     for (TopSuite const& top : orderedTopSuites(root, config)) {
-        if (m_topSuites.empty() || m_topSuites.back() != top.name)
-            m_topSuites.push_back(top.name);
+        if (m_topSuites.empty() || m_topSuites.back().name != top.name)
+            m_topSuites.push_back({top.name, false});
+        if (dynamic_cast<vorntest::TestArgSuite const*>(top.suite))
+            m_topSuites.back().takesArguments = true;
         addTop(*top.suite, top.isExplicit);
     }
 }

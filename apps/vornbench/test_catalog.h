@@ -26,6 +26,13 @@ struct CatalogEntry
     std::string_view topName() const { return std::string_view(name).substr(0, topNameLength); }
 };
 
+/// A top suite, or several of one name.
+struct CatalogSuite
+{
+    std::string name;
+    bool takesArguments; ///< the files that its masks find are arguments of its tests, not suite files
+};
+
 /// What is run in one piece: a test, or a decorator with all tests below it, whose set-up they share.
 struct CatalogUnit
 {
@@ -47,8 +54,8 @@ public:
     {
         return entries().subspan(unit.firstEntry, unit.entryCount);
     }
-    /// Names of the top suites, in order and each once, empty ones included.
-    std::span<std::string const> topSuites() const { return m_topSuites; }
+    /// The top suites, in order and each name once, empty ones included.
+    std::span<CatalogSuite const> topSuites() const { return m_topSuites; }
 
 private:
     void addTop(CppUnit::Test& suite, bool isExplicit);
@@ -56,5 +63,5 @@ private:
 
     std::vector<CatalogEntry> m_entries;
     std::vector<CatalogUnit> m_units;
-    std::vector<std::string> m_topSuites;
+    std::vector<CatalogSuite> m_topSuites;
 };

@@ -55,6 +55,10 @@ class TestExamples : public CppUnit::TestFixture
     CPPUNIT_TEST(variablesInFileNames);
     CPPUNIT_TEST(firstTestOfTheReadmePasses);
     CPPUNIT_TEST(comparisonsOfTheReadme);
+    CPPUNIT_TEST(testsForEachDatum);
+    CPPUNIT_TEST(dataThatAreLeftOut);
+    CPPUNIT_TEST(testsForEachParametersFile);
+    CPPUNIT_TEST(suiteOfFilesThatNothingNames);
     CPPUNIT_TEST_SUITE_END();
 
     TempFolder m_folder;
@@ -68,7 +72,8 @@ public:
         m_place = copy.string();
         fs::create_directories(copy / "results");
         fs::copy(source / "tests.xml", copy);
-        for (char const* const part : {"suites", "commands", "failing", "drawings", "references"})
+        for (char const* const part :
+             {"suites", "commands", "failing", "drawings", "references", "data", "params"})
             fs::copy(source / part, copy / part, fs::copy_options::recursive);
     }
 
@@ -101,7 +106,7 @@ private:
         CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out, 0, run.exitCode);
         CPPUNIT_ASSERT_EQUAL(std::string(), run.err);
         CPPUNIT_ASSERT_EQUAL_MESSAGE("warnings in\n" + run.out, std::string::npos, run.out.find("warning"));
-        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find("\n38 tests: 38 passed in ") != std::string::npos);
+        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find("\n56 tests: 56 passed in ") != std::string::npos);
         assertContents(drawings, before);
         CPPUNIT_ASSERT_MESSAGE("files are left in results/", fs::is_empty(m_folder.path() / "examples/results"));
     }
@@ -169,6 +174,77 @@ private:
         ProgramRun const equal = runProgram(arguments, m_folder.path());
         CPPUNIT_ASSERT_EQUAL(0, equal.exitCode);
         CPPUNIT_ASSERT_MESSAGE(equal.out, readme.find(equal.out) != std::string::npos);
+    }
+
+    ProgramRun listOfArcs()
+    {
+        return runProgram({VORN_BENCH_PROGRAM, "list", "examples/tests.xml", "ArcTests/ArcTests.trim", "-q"},
+                          m_folder.path());
+    }
+
+    void testsForEachDatum()
+    {
+        ProgramRun const list = listOfArcs();
+        std::string expected;
+        for (int i = 0; i < 6; ++i) // the last two are circles
+            expected += "ArcTests/ArcTests.trim/ArcTests.trim.Data#" + std::to_string(i) + "\n";
+        CPPUNIT_ASSERT_EQUAL(expected, list.out);
+        CPPUNIT_ASSERT_EQUAL(std::string(), list.err);
+    }
+
+    void dataThatAreLeftOut()
+    {
+        m_folder.write("examples/data/arcs.xml",
+                       "<Arcs>\n<TestOdGeCircArc2d/>\n"
+                       "<TestOdGeCircArc2d center='0,0' radius='2' startAng='0' endAng='1'/>\n<Arc/>\n</Arcs>\n");
+        ProgramRun const list = listOfArcs();
+        CPPUNIT_ASSERT_EQUAL(std::string("ArcTests/ArcTests.trim/ArcTests.trim.Data#0\n"), list.out);
+        std::string const warnings =
+            "examples/data/arcs.xml:2: warning: TestOdGeCircArc2d could not be read, left out\n"
+            "examples/data/arcs.xml:4: warning: no class of data is named Arc, left out\n";
+        CPPUNIT_ASSERT_EQUAL(warnings, list.err);
+        ProgramRun const run = bench({"ArcTests"});
+        CPPUNIT_ASSERT_EQUAL(warnings, run.err);
+        CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out, 0, run.exitCode);
+
+        fs::remove(m_folder.path() / "examples/data/arcs.xml");
+        CPPUNIT_ASSERT_EQUAL(
+            std::string("examples/data/arcs.xml:1: warning: no data are read: File was not found\n"
+                        "vornbench: warning: no test matches the filter 'ArcTests/ArcTests.trim'\n"),
+            listOfArcs().err);
+    }
+
+    void testsForEachParametersFile()
+    {
+        m_folder.write("examples/params/broken.xml", "<params\n  on=turn/>");
+        m_folder.write("examples/params/no_drawing.xml", "<params dwg='none.dxf'/>");
+        ProgramRun const run = bench({"Transformations/*/MIRROR*", "-q"});
+        CPPUNIT_ASSERT_EQUAL(1, run.exitCode);
+        CPPUNIT_ASSERT_EQUAL(std::string(), run.err); // parameters files are no suite files
+        std::string const test = "MIRROR keeps its sources when told to";
+        for (std::string const& failure :
+             {"examples/params/broken.xml:2: failed: Transformations/broken/" + test +
+                  "\n    setUp() failed\n    - forced failure\n    - could not read params file\n",
+              "examples/params/no_drawing.xml:1: failed: Transformations/no_drawing/" + test +
+                  "\n    setUp() failed\n    - forced failure\n    - failed to open the drawing\n    | cannot "
+                  "read " +
+                  m_place + "/params/none.dxf: "})
+            CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find(failure) != std::string::npos);
+        CPPUNIT_ASSERT_MESSAGE(run.out, run.out.find("4 tests: 2 passed, 2 failed in ") != std::string::npos);
+    }
+
+    void suiteOfFilesThatNothingNames()
+    {
+        m_folder.write("tests.xml", "<testsConfig>\n<module name='brackets'/></testsConfig>");
+        ProgramRun run = runProgram({VORN_BENCH_PROGRAM, "list", "tests.xml", "Brackets", "-q"}, m_folder.path());
+        CPPUNIT_ASSERT_EQUAL(std::string("tests.xml:1: warning: suite 'Transformations' makes its tests of files, "
+                                         "but no <suite> names it and them\n"),
+                             run.err);
+        m_folder.write("tests.xml", "<testsConfig>\n<module name='brackets'/>\n<suite name='Transformations'/>"
+                                    "</testsConfig>");
+        run = runProgram({VORN_BENCH_PROGRAM, "list", "tests.xml", "Brackets", "-q"}, m_folder.path());
+        CPPUNIT_ASSERT_EQUAL(
+            std::string("tests.xml:3: warning: suite 'Transformations' has no <mask>, so no tests\n"), run.err);
     }
 };
 

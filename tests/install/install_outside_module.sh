@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the build tree, moves the installation, builds test modules outside of the source tree against it, one of them
-# that of the examples, and runs their tests with the installed bench.
+# Installs the build tree, moves the installation, builds test modules outside of the source tree against it, those
+# of the examples among them, and runs their tests with the installed bench.
 # Usage: install_outside_module.sh BUILD_DIR SOURCE_DIR CXX_COMPILER BUILD_TYPE
 set -euo pipefail
 
@@ -66,7 +66,11 @@ expect_line "$work/run" "wrong_count.xml:3"
 expect_line "$work/run" "model space holds 2 entities, expected 3"
 
 cp -r "$source/examples" "$work/examples"
-build_module "$work/examples/module" "$work/examples/build"
-sed -i 's|module name="brackets"|module name="build/brackets"|' "$work/examples/tests.xml"
+for module in module data_module; do
+    build_module "$work/examples/$module" "$work/examples/build/$module"
+done
+sed -i 's|module name="brackets"|module name="build/module/brackets"|; s|module name="arcs"|module name="build/data_module/arcs"|' \
+    "$work/examples/tests.xml"
 expect_exit 0 "$work/run" "$bench" run "$work/examples/tests.xml" --no-color
 expect_line "$work/run" "Flange in C++"
+expect_line "$work/run" "ArcTests"
