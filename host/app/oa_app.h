@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/app/oa_shell_commands.h"
 #include "host/db/od_db_database.h"
 
 namespace oa {
@@ -49,7 +50,10 @@ public:
     bool isUndoInProgress() const { return m_isUndoInProgress; }
     void setUndoInProgress(bool inProgress) { m_isUndoInProgress = inProgress; }
 
+    ShellCommandTable const& shellCommands() const { return m_shellCommands; }
+
 private:
+    ShellCommandTable m_shellCommands;
     bool m_isUndoInProgress = false;
 };
 

@@ -8,6 +8,7 @@
 #include "host/db/records/od_db_block_table_record.h"
 #include "host/sds/ca_resbuf.h"
 #include "host/sds/sds_names.h"
+#include "host/sds/sds_record.h"
 #include "host/ut/ut_text.h"
 
 #include <algorithm>
@@ -151,7 +152,7 @@ private:
         case RTSTR:
             return wanted.resval.rstring && ut::matchesWildcard(OdString::fromUtf8(tag.text).upper().str(),
                                                                 OdString(wanted.resval.rstring).upper().str());
-        case RTREAL: return tag.kind == OdDbTagKind::kReal && OdEqual(tag.real, wanted.resval.rreal);
+        case RTREAL: return tag.kind == OdDbTagKind::kReal && OdEqual(ca::realInChain(tag), wanted.resval.rreal);
         case RTSHORT: return tag.kind == OdDbTagKind::kInteger && tag.integer == wanted.resval.rint;
         case RTLONG:
         case RTINT64: return tag.kind == OdDbTagKind::kInteger && tag.integer == wanted.resval.rlong;

@@ -19,10 +19,10 @@
 ///
 /// `pt1` and `pt2` are three coordinates each, or `pt1` is a list of result buffers of the types RTPOINT and
 /// RT3DPOINT (sds_resbuf const*); coordinates are those of the user coordinate system. `filter` (may be null) is a
-/// list of group codes and values that all have to agree with the entity's own: texts are patterns with wildcards
-/// without regard to case, reals agree within 1e-10. RTNORM with the name of the set in `result`; RTERROR, and
-/// nothing has changed, when nothing is found, a point is missing, the mode or a type in the filter is unknown, or
-/// no drawing is open.
+/// list of group codes and values, angles in radians, that all have to agree with the entity's own: texts are
+/// patterns with wildcards without regard to case, reals agree within 1e-10. RTNORM with the name of the set in
+/// `result`; RTERROR, and nothing has changed, when nothing is found, a point is missing, the mode or a type in the
+/// filter is unknown, or no drawing is open.
 int sds_ssget(wchar_t const* mode, void const* pt1, double const* pt2, sds_resbuf const* filter,
               std::int64_t* result);
 // clang-format on

@@ -27,6 +27,11 @@ bool setRbBinary(sds_resbuf& node, std::span<unsigned char const> bytes);
 /// RT3DPOINT, RTLONG, RTBINARY, RTINT64; the other codes from 5001 to 5031 stand for themselves. 0 for no kind.
 short restypeToResvalType(short restype);
 
+/// Puts a point, a node of type RT3DPOINT, in the place of every list in brackets that holds exactly two or three
+/// numbers (RTREAL, RTLONG or RTSHORT) and nothing else; the third coordinate may lack and is 0 then. In place;
+/// returns the new first node. Other lists stay.
+sds_resbuf* replaceListsByPoints(sds_resbuf* list);
+
 struct RbListDeleter
 {
     void operator()(sds_resbuf* list) const { freeRbList(list); }

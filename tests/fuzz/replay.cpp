@@ -1,7 +1,8 @@
-// Runs drawings that the fuzzers found worth keeping through the same round: replay FOLDER_OF_TEXT
-// FOLDER_OF_BINARY. Names each file before its round, so that a crash tells which one it was. The exit code is the
-// number of faults.
+// Runs drawings and LISP texts that the fuzzers found worth keeping through the same rounds: replay FOLDER_OF_TEXT
+// FOLDER_OF_BINARY FOLDER_OF_LISP. Names each file before its round, so that a crash tells which one it was. The
+// exit code is the number of faults.
 #include "tests/fuzz/drawing_round.h"
+#include "tests/fuzz/lisp_round.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -37,7 +38,7 @@ int replay(char const* folder, Round round)
     int faults = 0;
     std::vector<std::filesystem::path> const files = filesOf(folder);
     if (files.empty())
-        throw std::runtime_error(std::string("no drawing in ") + folder);
+        throw std::runtime_error(std::string("no file in ") + folder);
     for (std::filesystem::path const& path : files) {
         std::cout << path.string() << std::endl;
         try {
@@ -54,14 +55,15 @@ int replay(char const* folder, Round round)
 
 int main(int argc, char* argv[])
 {
-    constexpr int kArguments = 3;
+    constexpr int kArguments = 4;
     constexpr int kMostFaults = 100;
     if (argc != kArguments) {
-        std::cerr << "usage: " << argv[0] << " FOLDER_OF_TEXT FOLDER_OF_BINARY\n";
+        std::cerr << "usage: " << argv[0] << " FOLDER_OF_TEXT FOLDER_OF_BINARY FOLDER_OF_LISP\n";
         return kMostFaults + 1;
     }
     try {
-        int const faults = replay(argv[1], &drawingRound::run) + replay(argv[2], &drawingRound::runBinary);
+        int const faults = replay(argv[1], &drawingRound::run) + replay(argv[2], &drawingRound::runBinary) +
+                           replay(argv[3], &lispRound::run);
         return std::min(faults, kMostFaults);
     } catch (std::exception const& error) {
         std::cerr << error.what() << '\n';

@@ -21,7 +21,7 @@ Task<> insertCommand(Editor& editor)
     appendAttributes(*reference, values);
 }
 
-constexpr CommandDef s_commands[] = {{L"-INSERT", L"-I", kPlain, &insertCommand}};
+constexpr CommandDef s_commands[] = {{L"-INSERT", L"-I", kLiteralStrings, &insertCommand}};
 CommandRegistrar const s_register(s_commands);
 
 } // namespace

@@ -33,11 +33,18 @@ void OdDbRecordReader::put(OdDbTag const& tag)
     } else if (!takeEnvelope(tag)) {
         if (tag.is(kOdDbEmbeddedCode, kOdDbEmbeddedMarker))
             enterEmbedded();
-        bool const isForeign = m_isInUnknownObject || !m_unknownMarkerText.empty();
-        bool const isKnown = !isForeign && m_table.read(m_object, m_group, tag, m_resolver);
+        bool const isKnown = !isInForeignSection() && m_table.read(m_object, m_group, tag, m_resolver);
         if (!isKnown)
             keep(tag);
     }
+}
+
+bool OdDbRecordReader::putIntoAnySection(OdDbTag const& tag)
+{
+    if (m_isInExtendedData || m_braces != EBraces::kNone || isInForeignSection())
+        return false;
+    constexpr int kAnyGroup = -1;
+    return m_table.read(m_object, m_group, tag, m_resolver) || m_table.read(m_object, kAnyGroup, tag, m_resolver);
 }
 
 bool OdDbRecordReader::finish()

@@ -10,6 +10,10 @@ public:
     OdDbRecordReader(OdDbObject& object, OdDbReferenceResolver& resolver);
 
     void put(OdDbTag const& tag);
+    /// Gives the tag to a field or tail of the class, of any section where the present one does not have it: for
+    /// records whose order is not that of files. False, and the tag is left out, when none takes it and in what
+    /// the class does not know: embedded objects, groups in braces, sections of other classes.
+    bool putIntoAnySection(OdDbTag const& tag);
     /// Behind the last tag. False when a group in braces lacked its end, which it has now.
     bool finish();
 
@@ -33,6 +37,7 @@ private:
     void enterSection(std::string_view marker);
     void enterEmbedded();
     void keep(OdDbTag const& tag);
+    bool isInForeignSection() const { return m_isInUnknownObject || !m_unknownMarkerText.empty(); }
 
     OdDbObject& m_object;
     OdDbFieldTable const& m_table;
