@@ -66,9 +66,10 @@ bool agrees(OdDbTag const& tag)
 
 } // namespace
 
-void SdsChain::append(sds_resbuf* node)
+bool SdsChain::append(sds_resbuf* node)
 {
     append(RbListPtr(node));
+    return !m_isMemoryShort;
 }
 
 void SdsChain::append(RbListPtr list)
@@ -108,8 +109,7 @@ RbListPtr chainOf(OdDbTagList const& tags, OdDbDatabase& database)
         if (!agrees(tag))
             continue;
         sds_resbuf* const node = nodeOf(tag, database);
-        chain.append(node);
-        if (node && restypeToResvalType(tag.code) == RT3DPOINT) {
+        if (chain.append(node) && restypeToResvalType(tag.code) == RT3DPOINT) {
             point = node;
             coordinate = 1;
         }

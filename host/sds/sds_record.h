@@ -42,8 +42,9 @@ double realInChain(OdDbTag const& tag);
 class SdsChain
 {
 public:
-    /// Null, when memory is short, makes the whole chain null.
-    void append(sds_resbuf* node);
+    /// Null, when memory is short, makes the whole chain null. False when nothing was appended: then the node is
+    /// gone.
+    bool append(sds_resbuf* node);
     void append(RbListPtr list);
     RbListPtr take();
 
