@@ -30,7 +30,8 @@ using EntityPredicate = std::function<bool(OdDbEntity const&, OdDbEntity const&)
 /// Pairs entities that are not erased: first those of one handle that are equal, then equal ones of any handle,
 /// then those of one handle and class, then each with the one of its class that lies nearest, as long as their
 /// extents are near each other. The time grows with the number of entities, not with its square.
-EntityMatches matchEntities(std::vector<OdDbEntity const*> const& first, std::vector<OdDbEntity const*> const& second,
-                            double tolerance, EntityPredicate const& equal);
+EntityMatches matchEntities(std::vector<OdDbEntity const*> const& first,
+                            std::vector<OdDbEntity const*> const& second, double tolerance,
+                            EntityPredicate const& equal);
 
 } // namespace ta
