@@ -1,3 +1,4 @@
+#include "tests/support/captured_output.h"
 #include "tests/testapi/cmd_test_run.h"
 
 #include <cppunit/extensions/HelperMacros.h>
@@ -26,21 +27,6 @@ public:
         auto const actual = getObjectId(context.node(), L"entity").open<OdDbLine>();
         CPPUNIT_ASSERT(expected->endPoint() == actual->endPoint());
     }
-};
-
-/// What is printed on standard output while it lives.
-class CapturedOutput
-{
-public:
-    CapturedOutput() : m_previous(std::cout.rdbuf(m_text.rdbuf())) {}
-    ~CapturedOutput() { std::cout.rdbuf(m_previous); }
-    CapturedOutput(CapturedOutput const&) = delete;
-    CapturedOutput& operator=(CapturedOutput const&) = delete;
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_previous;
 };
 
 class CmdAssertionsTest : public CppUnit::TestFixture

@@ -1,4 +1,5 @@
 #include "testmodules/cmdtests/reference_test.h"
+#include "tests/support/captured_output.h"
 #include "tests/testapi/cmd_test_run.h"
 
 #include <cppunit/extensions/HelperMacros.h>
@@ -7,21 +8,6 @@
 #include <sstream>
 
 namespace {
-
-/// What is printed on standard output while it lives.
-class CapturedOutput
-{
-public:
-    CapturedOutput() : m_previous(std::cout.rdbuf(m_text.rdbuf())) {}
-    ~CapturedOutput() { std::cout.rdbuf(m_previous); }
-    CapturedOutput(CapturedOutput const&) = delete;
-    CapturedOutput& operator=(CapturedOutput const&) = delete;
-    std::string text() const { return m_text.str(); }
-
-private:
-    std::ostringstream m_text;
-    std::streambuf* m_previous;
-};
 
 constexpr char s_rawEntity[] = "  0\nSECTION\n  2\nENTITIES\n  0\nBALLOON\n  5\nB0\n  8\n0\n100\nBalloon\n"
                                " 40\n1.5\n  0\nENDSEC\n  0\nEOF\n";
