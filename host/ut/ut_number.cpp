@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 
@@ -103,6 +104,40 @@ bool isTooLarge(std::string_view number)
     return place + (isExponentNegative ? -exponent : exponent) > 0;
 }
 
+/// The value of plain decimal digits, at once: as a whole number below 2 to the 53rd they are exact, as is each
+/// power of ten up to that of their decimals, so that one division rounds once, as a whole conversion does
+/// (Clinger, "How to read floating point numbers accurately", 1990). False for any other text, which may be a
+/// number all the same.
+template <class Char>
+bool parsePlain(std::basic_string_view<Char> text, double& value)
+{
+    static constexpr double s_powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                          1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+    constexpr std::size_t mostDigits = std::size(s_powers) - 1;
+    constexpr std::uint64_t firstInexact = std::uint64_t{1} << std::numeric_limits<double>::digits;
+    bool const isNegative = text.starts_with(Char{'-'});
+    text.remove_prefix(isNegative);
+    if (text.empty() || text.size() > mostDigits)
+        return false;
+    std::uint64_t digits = 0;
+    std::size_t point = text.size();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto const digit = static_cast<std::uint32_t>(text[i]) - std::uint32_t{'0'};
+        if (digit <= 9)
+            digits = digits * 10 + digit;
+        else if (text[i] == Char{'.'} && point == text.size())
+            point = i;
+        else
+            return false;
+    }
+    bool const hasPoint = point < text.size();
+    if (digits >= firstInexact || (hasPoint && text.size() == 1))
+        return false;
+    double const size = static_cast<double>(digits) / s_powers[hasPoint ? text.size() - point - 1 : 0];
+    value = isNegative ? -size : size;
+    return true;
+}
+
 /// Infinite when the number is too large; nothing when the text is no number.
 std::optional<double> realValue(std::string_view text)
 {
@@ -155,8 +190,9 @@ bool isNumber(wchar_t const* text, double* value)
 {
     if (!text)
         return false;
-    NarrowText const narrow{std::wstring_view(text)};
-    std::optional<double> const result = realValue(narrow.view());
+    std::wstring_view const number(text);
+    double plain = 0;
+    std::optional<double> const result = parsePlain(number, plain) ? plain : realValue(NarrowText(number).view());
     if (!result)
         return false;
     if (std::isinf(*result))
@@ -168,12 +204,14 @@ bool isNumber(wchar_t const* text, double* value)
 
 bool parseReal(std::wstring_view text, double& value)
 {
-    return parseFinite(NarrowText(trimmed(text)).view(), value);
+    std::wstring_view const number = trimmed(text);
+    return parsePlain(number, value) || parseFinite(NarrowText(number).view(), value);
 }
 
 bool parseReal(std::string_view text, double& value)
 {
-    return parseFinite(trimmed(text), value);
+    std::string_view const number = trimmed(text);
+    return parsePlain(number, value) || parseFinite(number, value);
 }
 
 bool parseInt(std::wstring_view text, int& value)

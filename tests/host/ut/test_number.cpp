@@ -2,13 +2,19 @@
 
 #include <cppunit/extensions/HelperMacros.h>
 
+#include <bit>
 #include <cerrno>
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <random>
+#include <regex>
+#include <string>
 
 namespace {
 
+std::regex const s_numberSyntax("[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)(e[+-]?[0-9]+)?");
 constexpr double s_infinity = std::numeric_limits<double>::infinity();
 
 class NumberTest : public CppUnit::TestFixture
@@ -18,6 +24,7 @@ class NumberTest : public CppUnit::TestFixture
     CPPUNIT_TEST(notNumbers);
     CPPUNIT_TEST(outOfRange);
     CPPUNIT_TEST(parsesReals);
+    CPPUNIT_TEST(randomReals);
     CPPUNIT_TEST(parsesIntegers);
     CPPUNIT_TEST(formats);
     CPPUNIT_TEST(localeDoesNotMatter);
@@ -119,6 +126,31 @@ class NumberTest : public CppUnit::TestFixture
         for (wchar_t const* const text : {L"", L"  ", L"1 2", L"1e999", L"inf", L"nan", L"1,5"})
             CPPUNIT_ASSERT_MESSAGE(OdString(text).toUtf8(), !ut::parseReal(text, value));
         CPPUNIT_ASSERT_EQUAL(-2.0, value);
+    }
+
+    /// Short numbers are read another way than long ones.
+    void randomReals()
+    {
+        std::mt19937 random(7);
+        std::string const characters = "0123456789012345678901234567890123456789.-+e";
+        for (int i = 0; i < 200000; ++i) {
+            std::string text(1 + random() % 22, ' ');
+            for (char& ch : text)
+                ch = characters[random() % characters.size()];
+            OdString const wide = OdString::fromUtf8(text);
+            double fromWide = -1;
+            double fromNarrow = -1;
+            double number = -1;
+            bool const isNumber = ut::isNumber(wide.c_str(), &number);
+            CPPUNIT_ASSERT_EQUAL_MESSAGE(text, isNumber, std::regex_match(text, s_numberSyntax));
+            if (!isNumber || std::isinf(number))
+                continue;
+            CPPUNIT_ASSERT_MESSAGE(text, ut::parseReal(wide.str(), fromWide) && ut::parseReal(text, fromNarrow));
+            double const expected = std::strtod(text.c_str(), nullptr);
+            for (double const value : {number, fromWide, fromNarrow})
+                CPPUNIT_ASSERT_EQUAL_MESSAGE(text, std::bit_cast<std::uint64_t>(expected),
+                                             std::bit_cast<std::uint64_t>(value));
+        }
     }
 
     void parsesIntegers()
