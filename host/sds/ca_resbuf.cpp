@@ -1,6 +1,7 @@
 #include "host/sds/ca_resbuf.h"
 
 #include "host/db/od_dxf_code.h"
+#include "host/sds/rb_node_pool.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -14,20 +15,30 @@ namespace {
 // Allocations left until the one that a test lets fail; 0 when no test wants one.
 int s_failAfter = 0;
 
+bool isToFail()
+{
+    return s_failAfter > 0 && --s_failAfter == 0;
+}
+
 template <class T>
 T* allocate(std::size_t count)
 {
-    if (s_failAfter > 0 && --s_failAfter == 0)
-        return nullptr;
-    return new (std::nothrow) T[count]();
+    return isToFail() ? nullptr : new (std::nothrow) T[count];
+}
+
+/// Is never destroyed: lists may be freed at the very end of the program.
+RbNodePool& nodes()
+{
+    static RbNodePool& s_nodes = *new RbNodePool;
+    return s_nodes;
 }
 
 wchar_t* copyText(wchar_t const* text)
 {
     std::size_t const size = (text ? std::wcslen(text) : 0) + 1;
     wchar_t* const copy = allocate<wchar_t>(size);
-    if (copy && text)
-        std::copy_n(text, size, copy);
+    if (copy)
+        std::copy_n(text ? text : L"", size, copy);
     return copy;
 }
 
@@ -80,7 +91,7 @@ short kindOfGroupCode(short code)
 
 sds_resbuf* allocRb(short restype)
 {
-    sds_resbuf* const node = allocate<sds_resbuf>(1);
+    sds_resbuf* const node = isToFail() ? nullptr : nodes().take();
     if (node)
         node->restype = restype;
     return node;
@@ -112,7 +123,7 @@ void freeRbList(sds_resbuf* list)
             lastOf(nested)->rbnext = next;
             next = nested;
         }
-        delete[] list;
+        nodes().giveBack(list);
         list = next;
     }
 }

@@ -3,6 +3,7 @@
 #include <cppunit/extensions/HelperMacros.h>
 
 #include <map>
+#include <set>
 #include <string>
 
 // What is not freed, or freed twice, shows in the build with the address sanitizer.
@@ -14,6 +15,7 @@ class ResbufTest : public CppUnit::TestFixture
     CPPUNIT_TEST(newNodes);
     CPPUNIT_TEST(ownedValuesAreReplaced);
     CPPUNIT_TEST(longAndNestedListsAreFreed);
+    CPPUNIT_TEST(freedNodesAreNewAgain);
     CPPUNIT_TEST(shortMemoryGivesNull);
     CPPUNIT_TEST(kindsOfAllCodes);
     CPPUNIT_TEST_SUITE_END();
@@ -54,6 +56,26 @@ class ResbufTest : public CppUnit::TestFixture
         CPPUNIT_ASSERT_EQUAL(7, int(binary->resval.rbinary.buf[2]));
         CPPUNIT_ASSERT(ca::setRbBinary(*binary, {}));
         CPPUNIT_ASSERT_EQUAL(0, binary->resval.rbinary.clen);
+    }
+
+    void freedNodesAreNewAgain()
+    {
+        ca::RbListPtr const kept(ca::allocRb(L"kept"));
+        for (int round = 0; round < 3; ++round) {
+            ca::RbListPtr list;
+            std::set<sds_resbuf const*> nodes{kept.get()};
+            for (int i = 0; i < 5000; ++i) {
+                sds_resbuf* const node = ca::allocRb(OdGePoint3d(1, 2, 3));
+                CPPUNIT_ASSERT(nodes.insert(node).second && !node->rbnext);
+                node->rbnext = list.release();
+                list.reset(node);
+            }
+            list.reset();
+            ca::RbListPtr const fresh(ca::allocRb(RTREAL));
+            for (double const coordinate : fresh->resval.rpoint)
+                CPPUNIT_ASSERT_EQUAL(0.0, coordinate);
+        }
+        CPPUNIT_ASSERT(std::wstring(L"kept") == kept->resval.rstring);
     }
 
     void longAndNestedListsAreFreed()
