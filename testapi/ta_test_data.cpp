@@ -39,10 +39,8 @@ bool writeGeometry(pugi::xml_node node, OdGeSegmentChain2d const& chain)
 /// A flag that is false when its attribute is absent.
 bool readFlag(pugi::xml_node node, wchar_t const* name, bool& flag)
 {
-    if (node.attribute(name))
-        return oa::readAttr(node, name, flag);
     flag = false;
-    return true;
+    return !node.attribute(name) || oa::readAttr(node, name, flag);
 }
 
 bool writeFlag(pugi::xml_node node, wchar_t const* name, bool flag)
@@ -60,8 +58,7 @@ bool TestGeometry<Geometry>::readFromXml(pugi::xml_node const& node)
 {
     if (m_geometry)
         return false;
-    m_geometry = std::make_unique<Geometry>();
-    bool const isRead = readGeometry(node, *m_geometry);
+    bool const isRead = readGeometry(node, m_geometry.emplace());
     if (!isRead)
         m_geometry.reset();
     return isRead;

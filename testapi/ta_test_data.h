@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace ta {
 
@@ -19,16 +20,16 @@ class TestGeometry : public ut::TestGeData
 {
 public:
     TestGeometry() = default;
-    explicit TestGeometry(Geometry geometry) : m_geometry(std::make_unique<Geometry>(std::move(geometry))) {}
+    explicit TestGeometry(Geometry geometry) : m_geometry(std::move(geometry)) {}
 
-    /// Null until read.
-    Geometry const* geometry() const { return m_geometry.get(); }
+    /// Null until read; the datum's own.
+    Geometry const* geometry() const { return m_geometry ? &*m_geometry : nullptr; }
 
     bool readFromXml(pugi::xml_node const& node) override;
     bool writeToXml(pugi::xml_node& node) const override;
 
 private:
-    std::unique_ptr<Geometry> m_geometry;
+    std::optional<Geometry> m_geometry; // not on the heap by itself: data files hold hundreds of thousands
 };
 
 /// Holds no point and can be neither read nor written: data files have no single points.

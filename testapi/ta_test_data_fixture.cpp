@@ -4,14 +4,27 @@
 #include "testapi/ta_utils.h"
 
 #include "vorntest/line_table.h"
+#include "vorntest/nearest_name.h"
 
 #include <cppunit/TestSuite.h>
 
+#include <map>
 #include <optional>
+#include <string>
 
 namespace ta {
 
 namespace {
+
+/// Why an element gives no datum.
+std::wstring reasonFor(std::wstring const& name)
+{
+    if (ut::CRtClass::find(name))
+        return name + L" could not be read, left out";
+    std::wstring const reason = L"no class of data is named " + name + L", left out";
+    std::wstring_view const meant = vorntest::nearestName(name, ut::CRtClass::names());
+    return meant.empty() ? reason : reason + L"; did you mean " + std::wstring(meant) + L"?";
+}
 
 /// A data file being read, with what there is to tell of it.
 class DataFile
@@ -32,6 +45,7 @@ private:
     pugi::xml_document m_document;
     pugi::xml_encoding m_encoding = pugi::encoding_auto;
     std::optional<vorntest::LineTable> m_lines;
+    std::map<std::wstring, std::wstring> m_reasons; ///< by the names of elements that were left out
 };
 
 pugi::xml_parse_result DataFile::load()
@@ -59,11 +73,11 @@ void DataFile::noteLeftOut(pugi::xml_node const& element)
     DataFileObserver* const observer = DataFileObserver::current();
     if (!observer || element.type() != pugi::node_element)
         return;
-    OdString const name = element.name();
-    bool const isKnown = ut::CRtClass::find(name.toUtf8()) != nullptr;
-    observer->noted(
-        {m_path, lineAt(element.offset_debug()),
-         isKnown ? name + L" could not be read, left out" : L"no class of data is named " + name + L", left out"});
+    std::wstring const name = element.name();
+    auto const [reason, isNew] = m_reasons.try_emplace(name);
+    if (isNew)
+        reason->second = reasonFor(name);
+    observer->noted({m_path, lineAt(element.offset_debug()), reason->second});
 }
 
 // The parser keeps no lines, so the file is read once more when there is something to tell.

@@ -9,6 +9,8 @@ constexpr double kCollapsed = 1e-13;
 
 OdGeVector3d unitAbove(double least, OdGeVector3d const& v)
 {
+    if (v.lengthSqrd() == 1 && least < 1)
+        return v; // most directions are given as unit vectors, and their length takes a root to find out
     double const length = v.length();
     if (!(length > least) || !std::isfinite(length))
         throw OdError(eDegenerateGeometry);

@@ -24,7 +24,8 @@ public:
     virtual ssize_t read(int file, void* buffer, std::size_t size);
     virtual ssize_t write(int file, void const* bytes, std::size_t size);
     virtual int fsync(int file);
-    /// Lets the disk begin to write what the file was given so far. Advice: nothing depends on whether it is taken.
+    /// Lets the disk begin to write what the file was given so far. Advice: nothing depends on whether it is
+    /// taken.
     virtual void startWriting(int file);
     virtual int close(int file);
     virtual int stat(char const* path, struct stat& status);

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace ut {
 
@@ -15,14 +16,16 @@ class CRtClass
 public:
     using CreateFunction = std::unique_ptr<TestGeData> (*)();
 
-    /// `name` has to outlive the record. `create` is null for a class without objects of its own.
+    /// `name` is ASCII and has to outlive the record. `create` is null for a class without objects of its own.
     CRtClass(char const* name, CRtClass const* parent, CreateFunction create);
     ~CRtClass();
     CRtClass(CRtClass const&) = delete;
     CRtClass& operator=(CRtClass const&) = delete;
 
     /// Null when the name is unknown.
-    static CRtClass const* find(std::string_view name);
+    static CRtClass const* find(std::wstring_view name);
+    /// Names of all classes that have objects, in order. They live as long as their records.
+    static std::vector<std::wstring_view> names();
 
     char const* name() const { return m_name; }
     /// Null for the root.

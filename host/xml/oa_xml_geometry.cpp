@@ -261,8 +261,8 @@ bool readAttr(pugi::xml_node node, OdGePoint3dArray& points, unsigned& m, unsign
     unsigned columns = 0;
     OdGePoint3dArray read;
     AttributeReader reader(node);
-    if (!reader.value(mName, rows) || !reader.value(nName, columns) || !reader.items(L"aPt", read) ||
-        read.size() != gridSize(rows, columns))
+    if (!reader.value(mName, rows) || !reader.value(nName, columns) ||
+        !reader.items(L"aPt", read, gridSize(rows, columns)) || read.size() != gridSize(rows, columns))
         return false;
     points = std::move(read);
     m = rows;

@@ -2,23 +2,7 @@
 
 #include "host/root/od_string.h"
 
-#include <algorithm>
-#include <string>
-
 namespace ut {
-
-namespace {
-
-/// Class names are ASCII; other characters become "?", which no name holds.
-std::string narrowName(std::wstring_view name)
-{
-    std::string narrow(name.size(), '?');
-    std::ranges::transform(name, narrow.begin(),
-                           [](wchar_t ch) { return ch > 0 && ch < 0x7F ? static_cast<char>(ch) : '?'; });
-    return narrow;
-}
-
-} // namespace
 
 CRtClass const* TestGeData::desc()
 {
@@ -49,7 +33,7 @@ bool TestGeData::writeToXml(pugi::xml_node&) const
 
 std::unique_ptr<TestGeData> TestGeData::readObject(pugi::xml_node const& node)
 {
-    CRtClass const* const cls = CRtClass::find(narrowName(node.name()));
+    CRtClass const* const cls = CRtClass::find(node.name());
     if (!cls || !cls->createFunction())
         return nullptr;
     std::unique_ptr<TestGeData> datum = cls->createFunction()();

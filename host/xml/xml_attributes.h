@@ -9,6 +9,7 @@
 #include <pugixml.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 namespace oa {
@@ -41,15 +42,16 @@ public:
     {
         return value(fromName, from) && value(toName, to);
     }
-    /// Values separated by blanks.
+    /// Values separated by blanks; `expected`, how many there should be, saves time.
     template <class T>
-    bool items(wchar_t const* name, OdArray<T>& values)
+    bool items(wchar_t const* name, OdArray<T>& values, std::uint64_t expected = 0)
     {
         pugi::xml_attribute const attribute = find(name);
         if (!attribute)
             return false;
         std::wstring_view text = attribute.value();
         OdArray<T> read;
+        read.reserve(std::min<std::uint64_t>(expected, (text.size() + 1) / 2)); // a value takes two characters
         for (std::wstring_view word = takeWord(text); !word.empty(); word = takeWord(text)) {
             T item;
             if (!parseValue(word, item))
@@ -65,7 +67,7 @@ public:
     {
         unsigned count = 0;
         OdArray<T> read;
-        if (!value(countName, count) || !items(name, read) || read.size() != count)
+        if (!value(countName, count) || !items(name, read, count) || read.size() != count)
             return false;
         values = std::move(read);
         return true;

@@ -155,13 +155,15 @@ public:
     void notesWhatIsLeftOut()
     {
         std::string const elements = std::string(s_line) + "<TestOdGePoint3d/>\r\n<!-- \n -->\n" + s_chain +
-                                     "text <Tset/>\n<TestOdGeLineSeg2d\n start='1'/>";
+                                     "text <Tset/>\n<TestOdGeLineSeg2d\n start='1'/><TestOdGeLinSeg2d/>";
         {
             NoteTaker notes;
             readText(elements, ta::TestOdGeSegmentChain2d::desc());
             CPPUNIT_ASSERT_EQUAL(std::string("data.xml:3: TestOdGePoint3d could not be read, left out\n"
                                              "data.xml:7: no class of data is named Tset, left out\n"
-                                             "data.xml:8: TestOdGeLineSeg2d could not be read, left out\n"),
+                                             "data.xml:8: TestOdGeLineSeg2d could not be read, left out\n"
+                                             "data.xml:9: no class of data is named TestOdGeLinSeg2d, left out; "
+                                             "did you mean TestOdGeLineSeg2d?\n"),
                                  notes.text());
         }
         readText(elements); // nobody listens any more

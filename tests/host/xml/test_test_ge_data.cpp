@@ -46,20 +46,20 @@ class TestGeDataTest : public CppUnit::TestFixture
 
     void recordsAreFoundWhileTheyExist()
     {
-        CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find("SampleDatum"));
+        CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find(L"SampleDatum"));
         std::optional<ut::CRtClass> passing(std::in_place, "Passing", nullptr, nullptr);
-        CPPUNIT_ASSERT(&*passing == ut::CRtClass::find("Passing"));
+        CPPUNIT_ASSERT(&*passing == ut::CRtClass::find(L"Passing"));
         passing.reset();
-        CPPUNIT_ASSERT(!ut::CRtClass::find("Passing"));
+        CPPUNIT_ASSERT(!ut::CRtClass::find(L"Passing"));
     }
 
     void secondOfOneNameIsRefused()
     {
         {
             ut::CRtClass const second("SampleDatum", nullptr, nullptr);
-            CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find("SampleDatum"));
+            CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find(L"SampleDatum"));
         }
-        CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find("SampleDatum"));
+        CPPUNIT_ASSERT(SampleDatum::desc() == ut::CRtClass::find(L"SampleDatum"));
     }
 
     void kinds()
