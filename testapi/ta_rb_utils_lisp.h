@@ -35,6 +35,12 @@ int rb2lspexpr(sds_resbuf const* list, OdString& text);
 /// `*result` is the caller's; null for an empty list, nil or null, and on failure. `result` must not be null.
 int lisp2sds(sds_resbuf const* list, sds_resbuf** result);
 
+/// For lists taken from drawing files, which know objects by their handles: in pairs whose value is the name of an
+/// object, such as (330 . "1F"), the handle becomes the name of the object in this drawing, or of nothing where it
+/// has none. In place, before lisp2sds(), which takes names alone. Texts that are no handles stay. kLispNoMemory
+/// leaves the rest of the list as it is.
+int nameHandles(sds_resbuf* list, OdDbDatabase& database);
+
 } // namespace ta
 
 /// Whether a command takes its text answers as they stand, without escape sequences. The marks "'", "_" and "." in

@@ -29,7 +29,8 @@ public:
     bool isVisible() const { return m_invisible == 0; }
     void setVisible(bool visible);
 
-    /// Takes color, layer, linetype, linetype scale, lineweight and visibility of another entity of the same drawing.
+    /// Takes color, layer, linetype, linetype scale, lineweight and visibility of another entity of the same
+    /// drawing.
     void setPropertiesFrom(OdDbEntity const& other);
     /// Takes color, layer, linetype, linetype scale and lineweight that are current in the drawing; texts take the
     /// current text style too.
@@ -64,7 +65,10 @@ public:
     std::span<OdDbStub* const> subentities() const;
     /// The end mark that files put behind the parts; null when there is none.
     OdDbObjectId sequenceEnd() const;
-    OdDbPartIterator partIterator(bool skipErased = true) const { return OdDbPartIterator(partList(), skipErased); }
+    OdDbPartIterator partIterator(bool skipErased = true) const
+    {
+        return OdDbPartIterator(partList(), skipErased);
+    }
     /// Parts that are not erased.
     unsigned numParts() const;
     /// Null for a class without parts.
@@ -73,10 +77,15 @@ public:
     virtual OdRxClass* partClass() const { return nullptr; }
     /// False for an entity that cannot be a part of this one.
     virtual bool takesPart(OdDbEntity const& part) const;
-    /// What cannot be right about the number of the parts that the file gave, as audits tell it; empty when nothing.
+    /// What cannot be right about the number of the parts that the file gave, as audits tell it; empty when
+    /// nothing.
     virtual OdString partsProblem() const { return {}; }
-    /// For filers: parts and end mark that are in the drawing already. Throws OdError_NotThatKindOfClass for what
-    /// takesPart() refuses.
+    /// Becomes the last part, with the layer of the entity where it has none; returns its id, null while the
+    /// entity is in no drawing. Throws OdError: eAlreadyInDb, eNotOpenForWrite, OdError_NotThatKindOfClass for
+    /// what takesPart() refuses.
+    OdDbObjectId appendPart(OdDbEntity* part);
+    /// For filers: parts and end mark that are in the drawing already. Throws OdError_NotThatKindOfClass as
+    /// appendPart.
     void adoptPart(OdDbEntity& part);
     void adoptSequenceEnd(OdDbEntity& end);
     /// @}
@@ -88,10 +97,7 @@ public:
 
 protected:
     OdDbEntity() = default;
-    /// Becomes the last part, with the layer of the entity where it has none; returns its id, null while the entity
-    /// is in no drawing. Throws OdError: eAlreadyInDb, eNotOpenForWrite, or as adoptPart.
-    OdDbObjectId appendPart(OdDbEntity* part);
-    /// The same in front of the part at an index of the list, in which erased parts count.
+    /// As appendPart, in front of the part at an index of the list, in which erased parts count.
     OdDbObjectId insertPart(OdDbEntity* part, std::size_t index);
     /// Erases all parts.
     void clearParts();

@@ -32,6 +32,12 @@ OdDbHandle::OdDbHandle(OdString const& text) : m_value(parsed(text, text.getLeng
 
 OdDbHandle::OdDbHandle(std::string_view text) : m_value(parsed(text, text.size())) {}
 
+bool OdDbHandle::isHandle(OdString const& text)
+{
+    std::size_t const length = text.getLength();
+    return parsed(text, length) != 0 || (length > 0 && length <= 16 && text == OdString(length, L'0'));
+}
+
 std::string_view OdDbHandle::write(char (&buffer)[16]) const
 {
     char* const end = std::to_chars(buffer, buffer + 16, m_value, 16).ptr;

@@ -14,6 +14,8 @@ public:
     /// From 1 to 16 hexadecimal digits, either case, no prefix, no blanks; anything else reads as handle 0.
     explicit OdDbHandle(OdString const& text);
     explicit OdDbHandle(std::string_view text);
+    /// A text of 1 to 16 hexadecimal digits, handle 0 too.
+    static bool isHandle(OdString const& text);
 
     constexpr bool isNull() const { return m_value == 0; }
     constexpr std::uint64_t value() const { return m_value; }

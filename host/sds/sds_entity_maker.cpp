@@ -33,15 +33,6 @@ bool isSound(OdDbEntity const& entity)
     return info.errorsFound() == 0;
 }
 
-/// Classes give their parts under names of their own; lists need no more than what all of them do.
-struct PartAccess : OdDbEntity
-{
-    static void append(OdDbEntity& whole, OdDbEntityPtr const& part)
-    {
-        (whole.*&PartAccess::appendPart)(part.get());
-    }
-};
-
 } // namespace
 
 bool SdsEntityMaker::make(sds_resbuf const* list)
@@ -115,7 +106,7 @@ bool SdsEntityMaker::endSequence(SdsRecord const& record)
         return false;
     whole.end = end->entity;
     for (Part const& part : whole.parts)
-        PartAccess::append(*whole.head.entity, part.entity);
+        whole.head.entity->appendPart(part.entity.get());
     return isSound(*whole.head.entity) && place(std::move(whole));
 }
 

@@ -80,11 +80,10 @@ bool parseValue(std::wstring_view text, OdGeVector3d& value)
 
 bool parseValue(std::wstring_view text, OdDbHandle& value)
 {
-    OdDbHandle const handle{OdString(text)};
-    bool const isZero = text.size() <= 16 && text.find_first_not_of(L'0') == std::wstring_view::npos;
-    if (handle.isNull() && (text.empty() || !isZero))
+    OdString const digits(text);
+    if (!OdDbHandle::isHandle(digits))
         return false;
-    value = handle;
+    value = OdDbHandle(digits);
     return true;
 }
 

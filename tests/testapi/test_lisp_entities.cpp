@@ -13,6 +13,7 @@ namespace {
 class LispEntitiesTest : public DocumentFixture
 {
     CPPUNIT_TEST_SUITE(LispEntitiesTest);
+    CPPUNIT_TEST(handlesBecomeNames);
     CPPUNIT_TEST(listsAsProgramsWriteThem);
     CPPUNIT_TEST(listsOfRealDrawings);
     CPPUNIT_TEST_SUITE_END();
@@ -22,6 +23,7 @@ class LispEntitiesTest : public DocumentFixture
         sds_resbuf* list = nullptr;
         CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(text).toUtf8(), 0, ta::lspexpr2rb(text.c_str(), &list));
         ca::RbListPtr const owner(list);
+        CPPUNIT_ASSERT_EQUAL(0, ta::nameHandles(list, *ca::curDb()));
         sds_resbuf* chain = nullptr;
         CPPUNIT_ASSERT_EQUAL_MESSAGE(OdString(text).toUtf8(), 0, ta::lisp2sds(list, &chain));
         return ca::RbListPtr(chain);
@@ -32,6 +34,28 @@ class LispEntitiesTest : public DocumentFixture
         SdsName name;
         CPPUNIT_ASSERT_EQUAL(int(RTNORM), sds_entlast(name.words));
         return ca::objectIdOf(name.words).open<OdDbEntity>();
+    }
+
+    void handlesBecomeNames()
+    {
+        newDocument();
+        CPPUNIT_ASSERT(make(L"((0 . \"LINE\") (10 1 2 0) (11 3 4 5))"));
+        std::wstring const handle = last()->objectId().getHandle().ascii().str();
+        ca::RbListPtr const chain =
+            chainOf(L"((330 . \"" + handle + L"\") (340 . \"FFFFFF\") (350 . \"0\") (5 . \"1F\"))");
+        CPPUNIT_ASSERT(ca::objectIdOf(chain->resval.rlname) == last()->objectId());
+        sds_resbuf const* node = chain->rbnext;
+        for (; node->restype != 5; node = node->rbnext)
+            CPPUNIT_ASSERT(node->resval.rlname[0] == 0 && node->resval.rlname[1] == 0);
+        CPPUNIT_ASSERT(std::wstring(L"1F") == node->resval.rstring);
+
+        sds_resbuf* list = nullptr;
+        std::wstring const others = L"((330 . \"LINE\") (330 \"1F\") (A . \"1F\") (330 . (\"1F\")) (330 .";
+        CPPUNIT_ASSERT_EQUAL(0, ta::lspexpr2rb((others + L"))").c_str(), &list));
+        ca::RbListPtr const owner(list);
+        CPPUNIT_ASSERT_EQUAL(0, ta::nameHandles(list, *ca::curDb()));
+        for (; list; list = list->rbnext)
+            CPPUNIT_ASSERT(list->restype != RTENAME);
     }
 
     void listsAsProgramsWriteThem()
@@ -60,22 +84,6 @@ class LispEntitiesTest : public DocumentFixture
         CPPUNIT_ASSERT_EQUAL(int(RTNORM), sds_entmod(name.get()));
         name->rbnext = nullptr;
         CPPUNIT_ASSERT(line->startPoint() == OdGePoint3d(7, 7, 7) && line->endPoint() == OdGePoint3d(3, 4, 5));
-    }
-
-    /// The list without its names of objects, which belong to another drawing.
-    static std::wstring withoutReferences(std::wstring const& text)
-    {
-        std::wstring result;
-        std::size_t from = 0;
-        for (std::size_t at = 0; (at = text.find(L'(', at)) != std::wstring::npos; ++at) {
-            wchar_t* end = nullptr;
-            auto const code = static_cast<short>(std::wcstol(text.c_str() + at + 1, &end, 10));
-            if (ca::restypeToResvalType(code) != RTENAME || !std::wstring_view(end).starts_with(L" . \""))
-                continue;
-            result.append(text, from, at - from);
-            from = text.find(L')', at) + 1;
-        }
-        return result.append(text, from);
     }
 
     template <class Record>
@@ -113,8 +121,7 @@ class LispEntitiesTest : public DocumentFixture
             for (std::wstring_view const line : ut::splitLines(file.text().str()))
                 if (line.starts_with(L"((")) {
                     ++numLists;
-                    CPPUNIT_ASSERT_MESSAGE(OdString(std::wstring(line)).toUtf8(),
-                                           make(withoutReferences(std::wstring(line))));
+                    CPPUNIT_ASSERT_MESSAGE(OdString(std::wstring(line)).toUtf8(), make(std::wstring(line)));
                 }
             CPPUNIT_ASSERT(numLists > 0);
         }

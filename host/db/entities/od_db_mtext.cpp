@@ -145,6 +145,12 @@ OdDbObjectId OdDbMText::textStyle() const
     return database()->table(OdDbTableKind::kTextStyle).getAt(L"Standard");
 }
 
+void OdDbMText::copyPartsOf(OdDbObject const& source)
+{
+    OdDbEntity::copyPartsOf(source);
+    m_style = static_cast<OdDbMText const&>(source).textStyle();
+}
+
 void OdDbMText::setTextStyle(OdDbObjectId style)
 {
     if (isDBRO() && !style.isNull() && style.database() != database())

@@ -87,6 +87,8 @@ public:
     OdResult moveStretchPointsAt(std::span<int const> indices, OdGeVector3d const& offset) override;
     void listProperties(OdDbPropertySink& sink) const override;
     void audit(OdDbAuditInfo& info) const override;
+    /// No style means that of the drawing the source is in, which the copy may be outside of.
+    void copyPartsOf(OdDbObject const& source) override;
 
 private:
     /// Unit vectors in the plane: along the lines, and up the letters.

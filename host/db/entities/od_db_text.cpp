@@ -66,6 +66,12 @@ OdDbObjectId OdDbText::textStyle() const
     return database()->table(OdDbTableKind::kTextStyle).getAt(L"Standard");
 }
 
+void OdDbText::copyPartsOf(OdDbObject const& source)
+{
+    OdDbEntity::copyPartsOf(source);
+    m_style = static_cast<OdDbText const&>(source).textStyle();
+}
+
 void OdDbText::setTextStyle(OdDbObjectId style)
 {
     if (isDBRO() && !style.isNull() && style.database() != database())
