@@ -1,6 +1,9 @@
 #include "testapi/ta_test_case_arg.h"
 
 #include "testapi/ta_assert.h"
+#include "testapi/ta_observed_xml_file.h"
+
+#include "vorntest/nearest_name.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +14,9 @@ namespace {
 
 constexpr char s_area[] = "testapi/ta_test_case_arg";
 constexpr wchar_t s_listSeparator = L',';
+constexpr wchar_t s_on[] = L"on";
+constexpr wchar_t s_off[] = L"off";
+constexpr wchar_t s_drawing[] = L"dwg";
 
 std::wstring_view fileOf(std::wstring_view path)
 {
@@ -21,6 +27,15 @@ std::wstring_view fileOf(std::wstring_view path)
 std::wstring_view folderOf(std::wstring_view path)
 {
     return path.substr(0, path.rfind(L'/') + 1);
+}
+
+/// A misspelt attribute would switch nothing, without a word.
+void noteUnknownParams(ObservedXmlFile& file)
+{
+    static constexpr std::wstring_view known[] = {s_on, s_off, s_drawing};
+    for (pugi::xml_attribute const attribute : file.root().attributes())
+        if (std::wstring const name = attribute.name(); std::ranges::find(known, name) == std::end(known))
+            file.note(file.root(), L"no parameter is named " + name + vorntest::nearestNameHint(name, known));
 }
 
 } // namespace
@@ -65,7 +80,7 @@ void TestCaseArgParams::setup()
     m_on.clear();
     m_off.clear();
     readParams();
-    m_dwgName = m_params->document_element().attribute(L"dwg").value();
+    m_dwgName = m_params->root().attribute(s_drawing).value();
     if (m_dwgName.isEmpty())
         message(L"using the current open drawing for testing", false);
     else
@@ -74,15 +89,15 @@ void TestCaseArgParams::setup()
 
 void TestCaseArgParams::readParams()
 {
-    m_params = std::make_unique<pugi::xml_document>();
-    // The parser takes the size of a folder for that of a huge file.
-    if (!ut::fileExists(testArg()) || !m_params->load_file(testArg().c_str())) {
+    m_params = std::make_unique<ObservedXmlFile>(testArg());
+    if (pugi::xml_parse_result const result = m_params->load(); !result) {
+        m_params->noteFailure(result, L"the parameters cannot be read");
         m_params.reset();
         message(L"could not read params file", true);
     }
-    pugi::xml_node const root = m_params->document_element();
-    str2set(root.attribute(L"on").value(), m_on);
-    str2set(root.attribute(L"off").value(), m_off);
+    noteUnknownParams(*m_params);
+    str2set(m_params->root().attribute(s_on).value(), m_on);
+    str2set(m_params->root().attribute(s_off).value(), m_off);
 }
 
 void TestCaseArgParams::openDrawing()

@@ -8,8 +8,6 @@
 
 #include "vorntest/test_case_arg_base.h"
 
-#include <pugixml.hpp>
-
 #include <memory>
 #include <optional>
 #include <set>
@@ -17,13 +15,15 @@
 
 namespace ta {
 
+class ObservedXmlFile;
+
 /// Inserts the names of a list, which are separated by ",". Blanks belong to names, empty names are passed over.
 /// Null is an empty list.
 void str2set(wchar_t const* list, std::set<std::wstring>& out);
 
 /// The argument of a test that a parameters file drives. The file is XML; its document element has any name and
 /// the attributes `on` and `off`, lists of names of features as of str2set(), and `dwg`, the drawing that the test
-/// works in. All of them may be missing.
+/// works in. All of them may be missing; of others a DataFileObserver hears.
 class TestCaseArgParams : public vorntest::TestCaseArgBase
 {
 public:
@@ -64,8 +64,8 @@ private:
     void openDrawing();
     OdString drawingPath() const;
 
-    std::unique_ptr<pugi::xml_document> m_params; // from setup() to cleanup()
-    OdString m_dwgName;                           // empty when the test works in the current drawing
+    std::unique_ptr<ObservedXmlFile> m_params; // from setup() to cleanup()
+    OdString m_dwgName;                        // empty when the test works in the current drawing
     std::set<std::wstring> m_on;
     std::set<std::wstring> m_off;
     std::optional<std::wstring> m_prefix;

@@ -1,15 +1,13 @@
 #include "testapi/ta_test_data_fixture.h"
 
-#include "testapi/ta_data_file_observer.h"
+#include "testapi/ta_observed_xml_file.h"
 #include "testapi/ta_utils.h"
 
-#include "vorntest/line_table.h"
 #include "vorntest/nearest_name.h"
 
 #include <cppunit/TestSuite.h>
 
 #include <map>
-#include <optional>
 #include <string>
 
 namespace ta {
@@ -26,86 +24,51 @@ std::wstring reasonFor(std::wstring const& name)
     return meant.empty() ? reason : reason + L"; did you mean " + std::wstring(meant) + L"?";
 }
 
-/// A data file being read, with what there is to tell of it.
-class DataFile
+/// Tells observers of the elements of a file that give no data.
+class LeftOutElements
 {
 public:
-    explicit DataFile(wchar_t const* path) : m_path(path) { ut::correctSlashes(m_path); }
+    explicit LeftOutElements(ObservedXmlFile& file) : m_file(file) {}
 
-    OdString const& path() const { return m_path; }
-    pugi::xml_node root() const { return m_document.document_element(); }
-    pugi::xml_parse_result load();
-    void noteFailure(pugi::xml_parse_result const& result);
-    void noteLeftOut(pugi::xml_node const& element);
+    void note(pugi::xml_node const& element)
+    {
+        if (!ObservedXmlFile::isObserved() || element.type() != pugi::node_element)
+            return;
+        std::wstring const name = element.name();
+        auto const [reason, isNew] = m_reasons.try_emplace(name);
+        if (isNew)
+            reason->second = reasonFor(name);
+        m_file.note(element, reason->second);
+    }
 
 private:
-    int lineAt(std::ptrdiff_t offset);
-
-    OdString m_path;
-    pugi::xml_document m_document;
-    pugi::xml_encoding m_encoding = pugi::encoding_auto;
-    std::optional<vorntest::LineTable> m_lines;
-    std::map<std::wstring, std::wstring> m_reasons; ///< by the names of elements that were left out
+    ObservedXmlFile& m_file;
+    std::map<std::wstring, std::wstring> m_reasons; ///< by the names of elements
 };
 
-pugi::xml_parse_result DataFile::load()
+OdString withSlashes(wchar_t const* path)
 {
-    pugi::xml_parse_result result;
-    result.status = pugi::status_file_not_found;
-    if (ut::fileExists(m_path)) // what is no file, such as a pipe, could be waited for without end
-        result = m_document.load_file(m_path.c_str());
-    m_encoding = result.encoding;
-    return result;
-}
-
-void DataFile::noteFailure(pugi::xml_parse_result const& result)
-{
-    DataFileObserver* const observer = DataFileObserver::current();
-    if (!observer)
-        return;
-    bool const isRead = result.status != pugi::status_file_not_found && result.status != pugi::status_io_error;
-    OdString const description = OdString::fromUtf8(result.description());
-    observer->noted({m_path, isRead ? lineAt(result.offset) : 0, L"no data are read: " + description});
-}
-
-void DataFile::noteLeftOut(pugi::xml_node const& element)
-{
-    DataFileObserver* const observer = DataFileObserver::current();
-    if (!observer || element.type() != pugi::node_element)
-        return;
-    std::wstring const name = element.name();
-    auto const [reason, isNew] = m_reasons.try_emplace(name);
-    if (isNew)
-        reason->second = reasonFor(name);
-    observer->noted({m_path, lineAt(element.offset_debug()), reason->second});
-}
-
-// The parser keeps no lines, so the file is read once more when there is something to tell.
-int DataFile::lineAt(std::ptrdiff_t offset)
-{
-    if (!m_lines) {
-        std::string bytes;
-        m_lines =
-            ut::readWholeFile(m_path, bytes) ? vorntest::LineTable(bytes, m_encoding) : vorntest::LineTable();
-    }
-    return m_lines->line(offset);
+    OdString corrected(path);
+    ut::correctSlashes(corrected);
+    return corrected;
 }
 
 } // namespace
 
 void readDataFromXML(TestGeDataArray& data, wchar_t const* path, EReadDataFromXMLParam, ut::CRtClass const* filter)
 {
-    DataFile file(path);
+    ObservedXmlFile file(withSlashes(path));
     if (pugi::xml_parse_result const result = file.load(); !result) {
         ca::warningPromptf(L"Failed to read test params file %ls.\nError message: %hs", file.path().c_str(),
                            result.description());
-        file.noteFailure(result);
+        file.noteFailure(result, L"no data are read");
         return;
     }
+    LeftOutElements leftOut(file);
     for (pugi::xml_node const element : file.root().children()) {
         std::unique_ptr<ut::TestGeData> datum = ut::TestGeData::readObject(element);
         if (!datum)
-            file.noteLeftOut(element);
+            leftOut.note(element);
         else if (!filter || datum->isKindOf(filter))
             data.append(std::move(datum));
     }

@@ -58,6 +58,7 @@ CLI::App* addRun(CLI::App& app, Options& options)
                     "write each result as it comes, one JSON object a line;\n"
                     "after a crash the last line names the test that ran")
         ->type_name("FILE");
+    run->add_flag("--strict", options.isStrict, "exit code 1 also when there were warnings");
     run->add_flag_callback(
         "--no-color", [&options] { options.color = false; }, "no colours, also on a terminal");
     addVerbosity(*run, options);

@@ -61,13 +61,13 @@ RunSummary runObserved(BenchSession& session, SelectedUnits const& selected, Opt
     return summary;
 }
 
-ExitCode exitCodeOf(RunSummary const& summary, bool reportsWritten)
+ExitCode exitCodeOf(RunSummary const& summary, bool hasComplaints, bool reportsWritten)
 {
     if (summary.wasInterrupted)
         return ExitCode::Interrupted;
     if (!reportsWritten)
         return ExitCode::InternalError;
-    return summary.counts.bad() > 0 ? ExitCode::SomeFailed : ExitCode::AllPassed;
+    return summary.counts.bad() > 0 || hasComplaints ? ExitCode::SomeFailed : ExitCode::AllPassed;
 }
 
 } // namespace
@@ -77,7 +77,7 @@ ExitCode runTests(Options const& options)
     TestSelection selection(options.filters);
     BenchSession session(options.config);
     SelectedUnits const selected = selectUnits(session.catalog(), selection);
-    printWarnings(session, selection, std::cerr);
+    std::size_t warnings = printWarnings(session, selection, std::cerr);
     if (selected.units.empty()) {
         std::cerr << "vornbench: " << selectedText(0, session.catalog().entries().size(), selected.explicitSuites)
                   << '\n';
@@ -88,7 +88,7 @@ ExitCode runTests(Options const& options)
     for (auto const& observer : observers)
         pointers.push_back(observer.get());
     RunSummary const summary = runObserved(session, selected, options, pointers);
-    printDataFileWarnings(session, std::cerr);
+    warnings += printDataFileWarnings(session, std::cerr);
     bool reportsWritten = true;
     for (RunObserver const* const observer : pointers) {
         if (observer->error().empty())
@@ -96,5 +96,5 @@ ExitCode runTests(Options const& options)
         std::cerr << "vornbench: " << observer->error() << '\n';
         reportsWritten = false;
     }
-    return exitCodeOf(summary, reportsWritten);
+    return exitCodeOf(summary, options.isStrict && warnings > 0, reportsWritten);
 }

@@ -12,17 +12,27 @@ std::string selectedText(std::size_t selected, std::size_t total, std::vector<st
     return text;
 }
 
-void printWarnings(BenchSession& session, TestSelection const& selection, std::ostream& out)
+namespace {
+
+std::size_t print(std::vector<std::string> const& warnings, std::ostream& out)
 {
-    for (std::string const& warning : session.warnings())
+    for (std::string const& warning : warnings)
         out << warning << '\n';
-    printDataFileWarnings(session, out);
-    for (std::string const& filter : selection.unmatchedFilters())
-        out << "vornbench: warning: no test matches the filter '" << filter << "'\n";
+    return warnings.size();
 }
 
-void printDataFileWarnings(BenchSession& session, std::ostream& out)
+} // namespace
+
+std::size_t printWarnings(BenchSession& session, TestSelection const& selection, std::ostream& out)
 {
-    for (std::string const& warning : session.takeDataFileWarnings())
-        out << warning << '\n';
+    std::size_t const count = print(session.warnings(), out) + printDataFileWarnings(session, out);
+    std::vector<std::string> const unmatched = selection.unmatchedFilters();
+    for (std::string const& filter : unmatched)
+        out << "vornbench: warning: no test matches the filter '" << filter << "'\n";
+    return count + unmatched.size();
+}
+
+std::size_t printDataFileWarnings(BenchSession& session, std::ostream& out)
+{
+    return print(session.takeDataFileWarnings(), out);
 }

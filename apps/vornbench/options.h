@@ -26,6 +26,7 @@ struct Options
     std::vector<std::string> filters;
     std::string junitFile;   ///< empty: no such report
     std::string resultsFile; ///< empty: no results log
+    bool isStrict = false;   ///< warnings count as failures
     bool color = true;       ///< colours where the output is a terminal
     Verbosity verbosity = Verbosity::Normal;
 

@@ -206,6 +206,7 @@ private:
         ProgramRun const run = bench({"ArcTests"});
         CPPUNIT_ASSERT_EQUAL(warnings, run.err);
         CPPUNIT_ASSERT_EQUAL_MESSAGE(run.out, 0, run.exitCode);
+        CPPUNIT_ASSERT_EQUAL(1, bench({"ArcTests", "--strict"}).exitCode);
 
         fs::remove(m_folder.path() / "examples/data/arcs.xml");
         CPPUNIT_ASSERT_EQUAL(
@@ -217,10 +218,14 @@ private:
     void testsForEachParametersFile()
     {
         m_folder.write("examples/params/broken.xml", "<params\n  on=turn/>");
-        m_folder.write("examples/params/no_drawing.xml", "<params dwg='none.dxf'/>");
+        m_folder.write("examples/params/no_drawing.xml", "<!-- -->\n<params onn='turn' dwg='none.dxf'/>");
         ProgramRun const run = bench({"Transformations/*/MIRROR*", "-q"});
         CPPUNIT_ASSERT_EQUAL(1, run.exitCode);
-        CPPUNIT_ASSERT_EQUAL(std::string(), run.err); // parameters files are no suite files
+        CPPUNIT_ASSERT_EQUAL(std::string("examples/params/broken.xml:2: warning: the parameters cannot be read: "
+                                         "Error parsing element attribute\n"
+                                         "examples/params/no_drawing.xml:2: warning: no parameter is named onn; "
+                                         "did you mean 'on'?\n"),
+                             run.err);
         std::string const test = "MIRROR keeps its sources when told to";
         for (std::string const& failure :
              {"examples/params/broken.xml:2: failed: Transformations/broken/" + test +
