@@ -96,7 +96,7 @@ public:
     static bool knows(OdRxClass const* entityClass);
     /// Compares two entities of which the first is the actual one: classes, common properties, and what the table
     /// of the class says. An entity without table is a difference.
-    void entities(OdDbEntity const& pEnt1, OdDbEntity const& pEnt2);
+    void entities(OdDbEntity const& entity1, OdDbEntity const& entity2);
 
     /// @name Single values, told to the sink where they differ. False then
     /// @{

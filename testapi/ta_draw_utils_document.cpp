@@ -18,7 +18,7 @@ OdString takeAnswer(std::wstring_view& line, bool& isLast)
     bool const isText = ca::CommandProcessor::get().waitsForText();
     std::size_t const end = isText ? std::wstring_view::npos : line.find_first_of(L" \t");
     isLast = end == std::wstring_view::npos;
-    OdString const answer(line.substr(0, end));
+    OdString answer(line.substr(0, end));
     line.remove_prefix(isLast ? line.size() : end + 1);
     return answer;
 }

@@ -27,7 +27,7 @@ OdDbObjectId TestHelperEx::appendEntity(OdDbEntity* entity)
 {
     if (!entity)
         throw OdError(eInvalidInput, L"There is no entity to append");
-    OdDbEntityPtr const keep(entity);
+    OdDbEntityPtr keep(entity);
     OdDbObjectId const id = appendTo(oa::getActiveSpace(&db()), [&](OdDbBlockTableRecord const&) { return keep; });
     TA_CHECK(!id.isNull(), L"Failed %ls creation", entity->isA()->name().c_str());
     return id;

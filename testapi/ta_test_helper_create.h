@@ -27,7 +27,7 @@ template <class Entity>
 OdSmartPtr<Entity> newEntity(OdDbDatabase& database)
 {
     OdRxObjectPtr const object(Entity::desc()->create());
-    OdSmartPtr<Entity> const entity(object);
+    OdSmartPtr<Entity> entity(object);
     entity->setDatabaseDefaults(database);
     return entity;
 }
@@ -47,7 +47,7 @@ template <class Entity, class SetProperties>
 OdDbObjectId createEntity(OdDbObjectId const& ownerId, SetProperties const& setProperties)
 {
     return appendTo(ownerId, [&](OdDbBlockTableRecord const& owner) {
-        auto const entity = newEntity<Entity>(*owner.database());
+        auto entity = newEntity<Entity>(*owner.database());
         setProperties(*entity);
         return entity;
     });
@@ -59,7 +59,7 @@ template <class Entity, class SetProperties>
 OdDbObjectId createEntity(OdDbObjectId const& ownerId, NormalRule const& rule, SetProperties const& setProperties)
 {
     return appendTo(ownerId, [&](OdDbBlockTableRecord const& owner) {
-        auto const entity = newEntity<Entity>(*owner.database());
+        auto entity = newEntity<Entity>(*owner.database());
         if (auto const normal = rule.in(owner))
             entity->setNormal(*normal);
         setProperties(*entity);

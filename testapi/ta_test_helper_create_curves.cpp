@@ -57,7 +57,7 @@ OdDbObjectId TestHelperEx::createEllipse(OdDbObjectId const& ownerId, OdGePoint3
 {
     NormalRule const rule{normal, &ucsNormal()};
     return appendTo(ownerId, [&](OdDbBlockTableRecord const& owner) {
-        auto const ellipse = newEntity<OdDbEllipse>(*owner.database());
+        auto ellipse = newEntity<OdDbEllipse>(*owner.database());
         // Not setNormal(): that refuses a normal along the major axis which a new ellipse happens to have.
         ellipse->set(center, rule.in(owner).value_or(ellipse->normal()), majorAxis, radiusRatio, startAngle,
                      endAngle);
@@ -70,7 +70,7 @@ OdDbObjectId TestHelperEx::createSpline(OdDbObjectId const& ownerId, int degree,
                                         OdArray<double> const* weights, double tolerance)
 {
     return appendTo(ownerId, [&](OdDbBlockTableRecord const& owner) {
-        auto const spline = createOdDbSpline(degree, rational, closed, controlPoints, knots, weights, tolerance);
+        auto spline = createOdDbSpline(degree, rational, closed, controlPoints, knots, weights, tolerance);
         spline->setDatabaseDefaults(*owner.database());
         return spline;
     });

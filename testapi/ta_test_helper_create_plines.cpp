@@ -20,7 +20,7 @@ OdDbObjectId TestHelperEx::createPline(OdDbObjectId const& ownerId, OdArray<OdGe
             return builder(inPlane, bulges, closed, unitNormal ? &*unitNormal : nullptr, height, startWidths,
                            endWidths);
         };
-        OdDbEntityPtr const pline = is2d ? build(createOdDb2dPolyline) : build(createOdDbPolyline);
+        OdDbEntityPtr pline = is2d ? build(createOdDb2dPolyline) : build(createOdDbPolyline);
         pline->setDatabaseDefaults(*owner.database());
         return pline;
     });
@@ -30,7 +30,7 @@ OdDbObjectId TestHelperEx::createPline3d(OdDbObjectId const& ownerId, OdArray<Od
                                          bool closed)
 {
     return appendTo(ownerId, [&](OdDbBlockTableRecord const& owner) {
-        auto const pline = createOdDb3dPolyline(points, closed);
+        auto pline = createOdDb3dPolyline(points, closed);
         pline->setDatabaseDefaults(*owner.database());
         return pline;
     });

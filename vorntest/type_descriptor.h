@@ -39,7 +39,7 @@ public:
     bool isKindOf(TypeDescriptor const* other) const;
 
     /// Throws std::logic_error when the class has a property of that name already.
-    void addProperty(Property property);
+    void addProperty(Property added);
     std::span<Property const> properties() const { return m_properties; }
     /// Null when the class has no property of that name.
     Property const* property(std::wstring_view name) const;

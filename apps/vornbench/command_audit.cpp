@@ -71,7 +71,7 @@ private:
         std::string line = "  " + padded(label, kLabel);
         for (bool isFirst = true; !items.empty(); isFirst = false) {
             std::size_t const comma = items.find(", ");
-            std::string_view const item = items.substr(0, comma == items.npos ? comma : comma + 2);
+            std::string_view const item = items.substr(0, comma == std::string_view::npos ? comma : comma + 2);
             if (!isFirst && textWidth(line) + textWidth(item) > kWidth) {
                 printLine(line);
                 line = std::string(2 + kLabel, ' ');

@@ -40,7 +40,7 @@ private:
     void turned()
     {
         turnHole();
-        m_test.compareEntities(hole().open<OdDbEntity>(), neighbour().open<OdDbEntity>());
+        ta::TestHelperEx::compareEntities(hole().open<OdDbEntity>(), neighbour().open<OdDbEntity>());
     }
 
     void takenBack()
@@ -52,7 +52,7 @@ private:
         CPPUNIT_ASSERT(hole().isErased());
 
         m_test.tearDownDefault();
-        m_test.compareEntities(hole().open<OdDbEntity>(), before);
+        ta::TestHelperEx::compareEntities(hole().open<OdDbEntity>(), before);
         CPPUNIT_ASSERT(!m_drawing.doc().isModified());
     }
 

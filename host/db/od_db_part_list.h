@@ -18,6 +18,7 @@ class OdDbPartList
 public:
     OdDbPartList() = default;
     OdDbPartList(OdDbPartList const&) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): copies nothing
     OdDbPartList& operator=(OdDbPartList const&) { return *this; }
 
     /// Those that are in a drawing, erased ones included.

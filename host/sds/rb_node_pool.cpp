@@ -52,7 +52,7 @@ void RbNodePool::giveBack(sds_resbuf* node) noexcept
 bool RbNodePool::addSlab() noexcept
 {
     try {
-        m_slabs.push_back(std::unique_ptr<Slab>(new Slab)); // not zeroed: take() does that
+        m_slabs.push_back(std::make_unique_for_overwrite<Slab>()); // take() zeroes nodes
     } catch (std::bad_alloc const&) {
         return false;
     }

@@ -169,7 +169,7 @@ OdString SdsEntityMaker::freeBlockName(OdString const& name) const
         return name;
     OdDbSymbolTable const& blocks = m_database->table(OdDbTableKind::kBlock);
     for (std::size_t number = blocks.records().size();; ++number)
-        if (OdString const free = odFormat(L"%ls%zu", name.c_str(), number); !blocks.has(free))
+        if (OdString free = odFormat(L"%ls%zu", name.c_str(), number); !blocks.has(free))
             return free;
 }
 
@@ -190,13 +190,13 @@ OdDbBlockTableRecordPtr SdsEntityMaker::emptyBlock(OdString const& name)
 {
     auto const blocks = m_database->getBlockTableId().open<OdDbSymbolTable>(OdDb::kForWrite);
     if (OdDbObjectId const id = blocks->getAt(name); !id.isNull()) {
-        auto const block = id.open<OdDbBlockTableRecord>(OdDb::kForWrite);
+        auto block = id.open<OdDbBlockTableRecord>(OdDb::kForWrite);
         for (OdDbObjectIterator it = block->newIterator(); !it.done(); it.step())
             it.entity(OdDb::kForWrite)->erase();
         block->setImplied(false);
         return block;
     }
-    OdDbBlockTableRecordPtr const block(new OdDbBlockTableRecord);
+    OdDbBlockTableRecordPtr block(new OdDbBlockTableRecord);
     block->setName(name);
     blocks->add(block);
     block->upgradeOpen();

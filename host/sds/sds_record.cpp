@@ -116,18 +116,18 @@ bool RecordBuilder::take(sds_resbuf const& node)
 
 bool RecordBuilder::takeValue(sds_resbuf const& node)
 {
-    constexpr auto kShort = std::numeric_limits<std::int16_t>();
-    constexpr auto kLong = std::numeric_limits<std::int32_t>();
-    constexpr auto kLongest = std::numeric_limits<std::int64_t>();
+    using Short = std::numeric_limits<std::int16_t>;
+    using Long = std::numeric_limits<std::int32_t>;
+    using Longest = std::numeric_limits<std::int64_t>;
     sds_resbuf::Value const& value = node.resval;
     int const code = node.restype;
     switch (restypeToResvalType(node.restype)) {
     case RTSTR: return takeText(code, value.rstring);
     case RTREAL: return takeReal(code, value.rreal);
     case RT3DPOINT: return takePoint(code, value.rpoint);
-    case RTSHORT: return takeInteger(code, value.rint, kShort.min(), kShort.max());
-    case RTLONG: return takeInteger(code, value.rlong, kLong.min(), kLong.max());
-    case RTINT64: return takeInteger(code, value.rlong, kLongest.min(), kLongest.max());
+    case RTSHORT: return takeInteger(code, value.rint, Short::min(), Short::max());
+    case RTLONG: return takeInteger(code, value.rlong, Long::min(), Long::max());
+    case RTINT64: return takeInteger(code, value.rlong, Longest::min(), Longest::max());
     case RTENAME: return takeReference(code, value.rlname);
     case RTBINARY: return takeBinary(code, value.rbinary);
     default: return false;

@@ -79,6 +79,7 @@ std::vector<OpenedPair> openedPairs(EntityLists const& lists, ta::TestCmdArg con
 void compareEntities(std::vector<OpenedPair> const& pairs, ta::DrawingComparison& comparison)
 {
     std::vector<OdDbEntity const*> entities;
+    entities.reserve(pairs.size());
     for (OpenedPair const& pair : pairs)
         entities.push_back(pair.actual.get());
     comparison.recordsUsedBy(entities);
