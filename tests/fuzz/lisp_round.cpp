@@ -1,5 +1,7 @@
 #include "tests/fuzz/lisp_round.h"
 
+#include "host/db/records/od_db_block_table_record.h"
+#include "host/sds/sds_entity_maker.h"
 #include "testapi/ta_rb_utils_lisp.h"
 #include "tests/support/shown_list.h"
 
@@ -36,6 +38,38 @@ void printAndReadAgain(sds_resbuf const* list)
     require(before == after, "printed and read again\n" + before + "\nbecomes\n" + after);
 }
 
+/// All that two entities can have in common: not name and handle.
+std::string groupsOf(sds_resbuf const* chain)
+{
+    constexpr short name = -1;
+    constexpr short handle = 5;
+    std::string shown;
+    for (; chain; chain = chain->rbnext)
+        if (chain->restype != name && chain->restype != handle)
+            shown += std::to_string(chain->restype) + " " + shownValue(*chain) + "\n";
+    return shown;
+}
+
+/// What is made of a chain says a chain that makes it once more.
+void makeEntity(sds_resbuf const* chain)
+{
+    OdDbDatabasePtr const database(new OdDbDatabase);
+    ca::SdsEntityMaker maker(*database);
+    auto const last = [&] {
+        auto const space = database->getModelSpaceId().open<OdDbBlockTableRecord>();
+        return space->newIterator(false).objectId();
+    };
+    if (!maker.make(chain) || last().isNull())
+        return; // refused, the beginning of a sequence, in paper space
+    OdDbObjectId const first = last();
+    ca::RbListPtr const every(ca::allocRb(L"*"));
+    ca::RbListPtr const said(sds_entgetx(ca::nameOf(first).words, every.get()));
+    require(said && maker.make(said.get()) && last() != first, "an entity was made that cannot be made again");
+    ca::RbListPtr const again(sds_entgetx(ca::nameOf(last()).words, every.get()));
+    require(groupsOf(said.get()) == groupsOf(again.get()),
+            "made again\n" + groupsOf(said.get()) + "becomes\n" + groupsOf(again.get()));
+}
+
 void convert(sds_resbuf const* list)
 {
     sds_resbuf* result = nullptr;
@@ -44,6 +78,8 @@ void convert(sds_resbuf const* list)
     require(status == ta::kLispOk || status == ta::kLispMalformed,
             "converting gives the status " + std::to_string(status));
     require(status == ta::kLispOk || !chain, "a list that is refused gives a chain");
+    if (chain)
+        makeEntity(chain.get());
 }
 
 } // namespace
