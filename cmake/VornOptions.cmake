@@ -38,7 +38,8 @@ endif()
 if(VORN_SANITIZE)
   target_compile_options(vorn_options INTERFACE
     "-fsanitize=${VORN_SANITIZE}" -fno-omit-frame-pointer -fno-sanitize-recover=undefined
-    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>) # GCC 12 warns wrongly of <regex> in instrumented code
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized> # GCC 12 warns wrongly of <regex> in instrumented code
+    $<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>) # clang 14 cannot have it in coroutines
   target_link_options(vorn_options INTERFACE "-fsanitize=${VORN_SANITIZE}")
 endif()
 if(VORN_COVERAGE)

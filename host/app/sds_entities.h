@@ -6,8 +6,8 @@
 
 /// Makes an entity of a list and puts it into the active space (paper space where group 67 says 1), or into the
 /// block that is being defined. The type (group 0) and the groups of the geometry have to be there, in any order;
-/// groups 100 need not. Layer, color, linetype, linetype scale and lineweight that the list does not say are the
-/// current ones. A layer or an application that the drawing lacks is added. Names, handles, owners and reactors
+/// groups 100 need not. Without a layer it is on the current one; other groups that the list does not say have the
+/// meaning that they have in files: by layer, standard, none. A layer or an application that the drawing lacks is added. Names, handles, owners and reactors
 /// are passed over. An entity of a class that the host does not know is kept as its groups stand; its list has to
 /// say groups 100, AcDbEntity and those of the class.
 ///

@@ -70,7 +70,8 @@ bool SdsEntityMaker::makeEntity(SdsRecord const& record)
     std::optional<Part> made = read(record, newEntityOf(record, nullptr));
     if (!made)
         return false;
-    takeCurrentProperties(record, *made->entity, *m_database);
+    if (made->entity->layerId().isNull())
+        made->entity->setLayer(m_database->getCLAYER());
     bool const isHead = beginsSequence(record);
     bool const lacksVertices = record.type == kPolyline; // it is sound with them alone
     if (!lacksVertices && !isSound(*made->entity))

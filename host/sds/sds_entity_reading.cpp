@@ -99,19 +99,6 @@ bool isRecordOfKeptClass(SdsRecord const& record)
     return isName && sections > 0 && odDbHasMarker(record.tags, kEntityMarker);
 }
 
-/// The codes that speak of the properties of the entity. Below the markers of classes that the host only keeps,
-/// the same codes mean something else.
-std::set<int> codesOfProperties(SdsRecord const& record, bool isRaw)
-{
-    std::set<int> codes;
-    for (OdDbTag const tag : record.tags) {
-        if (tag.code >= 1000 || (isRaw && tag.code == kMarker && tag.text != kEntityMarker))
-            break;
-        codes.insert(tag.code);
-    }
-    return codes;
-}
-
 } // namespace
 
 OdDbObjectId SdsNames::byName(OdDbTableKind table, std::string_view utf8Name)
@@ -191,24 +178,6 @@ bool readTags(OdDbTagList const& tags, OdDbEntity& entity, SdsNames& names)
     for (OdDbTag const tag : tags)
         feeder.put(tag);
     return feeder.finish() && names.areKnown();
-}
-
-void takeCurrentProperties(SdsRecord const& record, OdDbEntity& entity, OdDbDatabase& database)
-{
-    OdDbEntityPtr const current = OdRxObjectPtr(entity.isA()->create());
-    current->setDatabaseDefaults(database);
-    std::set<int> const said = codesOfProperties(record, odCast<OdDbRawEntity>(&entity) != nullptr);
-    if (entity.layerId().isNull())
-        entity.setLayer(current->layerId());
-    // Files leave out what is by layer; so does an entity that nothing is said of.
-    if (!said.contains(6) && current->linetypeId() != database.getLinetypeByLayerId())
-        entity.setLinetype(current->linetypeId());
-    if (!said.contains(62) && !said.contains(420))
-        entity.setColor(current->color());
-    if (!said.contains(48))
-        entity.setLinetypeScale(current->linetypeScale());
-    if (!said.contains(370))
-        entity.setLineWeight(current->lineWeight());
 }
 
 bool hasRequiredGroups(OdDbEntity const& entity)

@@ -45,9 +45,6 @@ OdDbTagList withFlatPoints(OdDbTagList const& tags, std::string_view type);
 /// names that nothing has.
 bool readTags(OdDbTagList const& tags, OdDbEntity& entity, SdsNames& names);
 
-/// Gives properties that the record does not say the values that are current.
-void takeCurrentProperties(SdsRecord const& record, OdDbEntity& entity, OdDbDatabase& database);
-
 /// All groups came that an entity of the class cannot do without.
 bool hasRequiredGroups(OdDbEntity const& entity);
 

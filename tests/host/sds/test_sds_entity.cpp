@@ -16,7 +16,7 @@ class SdsEntityTest : public CppUnit::TestFixture
     CPPUNIT_TEST_SUITE(SdsEntityTest);
     CPPUNIT_TEST(minimalListsMakeEntities);
     CPPUNIT_TEST(groupsComeInAnyOrder);
-    CPPUNIT_TEST(currentPropertiesAreTaken);
+    CPPUNIT_TEST(onlyTheLayerIsCurrent);
     CPPUNIT_TEST(missingLayersAndApplicationsAreAdded);
     CPPUNIT_TEST(badListsMakeNothing);
     CPPUNIT_TEST(sequences);
@@ -92,14 +92,17 @@ public:
         CPPUNIT_ASSERT(text->extras() == nullptr && text->getDbHandle() != OdDbHandle(0xFFFF));
     }
 
-    void currentPropertiesAreTaken()
+    /// Else entities that lists describe would come out differently from drawing to drawing.
+    void onlyTheLayerIsCurrent()
     {
         m_database->setCECOLOR(OdCmColor(1));
         m_database->setHeaderReal("CELTSCALE", 40, 2.5);
+        made<OdDbLine>("0 LINE\n8 Walls\n10 0 0 0\n11 1 0 0");
+        m_database->setCurrent(OdDbTableKind::kLayer, m_database->table(OdDbTableKind::kLayer).getAt(L"Walls"));
         auto const line = made<OdDbLine>("0 LINE\n10 0 0 0\n11 1 0 0");
-        CPPUNIT_ASSERT_EQUAL(1, int(line->color().colorIndex()));
-        CPPUNIT_ASSERT_EQUAL(2.5, line->linetypeScale());
-        CPPUNIT_ASSERT_EQUAL(256, int(made<OdDbLine>("0 LINE\n62 256\n10 0 0\n11 1 0")->color().colorIndex()));
+        CPPUNIT_ASSERT(line->layerId() == m_database->getCLAYER());
+        CPPUNIT_ASSERT_EQUAL(256, int(line->color().colorIndex()));
+        CPPUNIT_ASSERT_EQUAL(1.0, line->linetypeScale());
     }
 
     void missingLayersAndApplicationsAreAdded()
