@@ -10,6 +10,7 @@ class TestHelperCopiesTest : public HelperFixture
     CPPUNIT_TEST_SUITE(TestHelperCopiesTest);
     CPPUNIT_TEST(appending);
     CPPUNIT_TEST(transformedCopies);
+    CPPUNIT_TEST(textsWithoutStyle);
     CPPUNIT_TEST(multilineDefinitions);
     CPPUNIT_TEST(failedTransformations);
     CPPUNIT_TEST_SUITE_END();
@@ -50,6 +51,22 @@ class TestHelperCopiesTest : public HelperFixture
         CPPUNIT_ASSERT(copy->extents().minPoint() == OdGePoint3d(10, 20, 30));
         CPPUNIT_ASSERT(pline->extents().minPoint() == OdGePoint3d(0, 0, 0));
         m_helper.appendEntity(copy); // fit for it
+    }
+
+    /// In the drawing they have the standard one.
+    void textsWithoutStyle()
+    {
+        OdDbTextPtr const line(new OdDbText);
+        line->setTextString(L"a");
+        OdDbMTextPtr const lines(new OdDbMText);
+        lines->setContents(L"a");
+        for (OdDbEntity* const text :
+             {static_cast<OdDbEntity*>(line.get()), static_cast<OdDbEntity*>(lines.get())}) {
+            OdDbObjectId const id = m_helper.appendEntity(text);
+            OdDbEntityPtr copy;
+            ta::TestHelperEx::getTransformedCopy(id.open<OdDbEntity>(), OdGeMatrix3d::kIdentity, copy);
+            ta::TestHelperEx::compareEntities(copy, id.open<OdDbEntity>());
+        }
     }
 
     /// The text of one line that such a definition has too follows its multiline text.
