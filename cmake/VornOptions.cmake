@@ -28,7 +28,10 @@ target_compile_options(vorn_options INTERFACE
   "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
   "$<$<BOOL:${VORN_CCACHE}>:-fpch-preprocess>")
 target_include_directories(vorn_options INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
-target_link_options(vorn_options INTERFACE "-Wl,-z,defs" "-Wl,--as-needed" "-Wl,-Bsymbolic-functions")
+target_link_options(vorn_options INTERFACE "-Wl,--as-needed" "-Wl,-Bsymbolic-functions")
+if(NOT VORN_FUZZ) # clang's sanitizers leave their symbols to the program
+  target_link_options(vorn_options INTERFACE "-Wl,-z,defs")
+endif()
 
 find_program(VORN_MOLD mold)
 if(VORN_MOLD)
