@@ -93,9 +93,10 @@ void EqualEntities::collectKeys(PlacedEntity const& entity)
 
 EqualEntities::Range EqualEntities::rangeOf(std::uint64_t key) const
 {
-    auto const found = std::ranges::equal_range(m_entries, key, {}, &Entry::key);
-    return {static_cast<std::uint32_t>(found.begin() - m_entries.begin()),
-            static_cast<std::uint32_t>(found.end() - m_entries.begin())};
+    auto const first = std::ranges::lower_bound(m_entries, key, {}, &Entry::key);
+    auto const last = std::ranges::upper_bound(m_entries, key, {}, &Entry::key);
+    return {static_cast<std::uint32_t>(first - m_entries.begin()),
+            static_cast<std::uint32_t>(last - m_entries.begin())};
 }
 
 /// The first entry from a place on that is free.
