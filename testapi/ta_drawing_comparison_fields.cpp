@@ -58,7 +58,7 @@ bool sameReals(void const* place1, void const* place2, int count)
     return true;
 }
 
-OdString textOfField(OdDbField const& field, void const* place)
+OdString textOfField(OdDbField const& field, void const* place, OdDbDatabase const& database)
 {
     double values[3] = {};
     switch (realsAt(field.kind, place, values)) {
@@ -71,8 +71,9 @@ OdString textOfField(OdDbField const& field, void const* place)
     }
     switch (field.kind) {
     case OdDbFieldKind::kString: return Comparison::textOf(as<OdString>(place));
-    case OdDbFieldKind::kReference:
-    case OdDbFieldKind::kName: return Comparison::textOf(as<OdDbObjectId>(place));
+    case OdDbFieldKind::kReference: return Comparison::textOf(as<OdDbObjectId>(place));
+    case OdDbFieldKind::kName:
+        return Comparison::textOf(odDbNameMeant(field, as<OdDbObjectId>(place), database));
     default: return odFormat(L"%lld", static_cast<long long>(integerAt(field.kind, place)));
     }
 }
@@ -192,10 +193,18 @@ bool FieldComparison::isIdentical(OdDbField const& field, void const* place1, vo
     case OdDbFieldKind::kInt32: return as<std::int32_t>(place1) == as<std::int32_t>(place2);
     case OdDbFieldKind::kBool: return as<bool>(place1) == as<bool>(place2);
     case OdDbFieldKind::kString: return as<OdString>(place1) == as<OdString>(place2);
-    case OdDbFieldKind::kReference:
-    case OdDbFieldKind::kName: return m_bridge.same(as<OdDbObjectId>(place1), as<OdDbObjectId>(place2));
+    case OdDbFieldKind::kReference: return m_bridge.same(as<OdDbObjectId>(place1), as<OdDbObjectId>(place2));
+    case OdDbFieldKind::kName: return isSameName(field, as<OdDbObjectId>(place1), as<OdDbObjectId>(place2));
     }
     return false;
+}
+
+/// Whether a usual name is left out in one drawing and not in the other says nothing.
+bool FieldComparison::isSameName(OdDbField const& field, OdDbObjectId name1, OdDbObjectId name2) const
+{
+    if (name1.isNull() == name2.isNull())
+        return m_bridge.same(name1, name2);
+    return m_bridge.same(odDbNameMeant(field, name1, m_first), odDbNameMeant(field, name2, m_second));
 }
 
 void FieldComparison::compare(OdDbObject const& object1, OdDbObject const& object2, EFields fields,
@@ -279,8 +288,8 @@ void FieldComparison::compareField(Pair const& pair, std::string_view marker, Od
     if (reals == 0 && !isText)
         differs = ((integerAt(field.kind, place1) ^ integerAt(field.kind, place2)) & ~std::int64_t(told)) != 0;
     if (differs)
-        tell(pair, fieldName(pair.object1, marker, field.code), textOfField(field, place1),
-             textOfField(field, place2), offBy);
+        tell(pair, fieldName(pair.object1, marker, field.code), textOfField(field, place1, m_first),
+             textOfField(field, place2, m_second), offBy);
 }
 
 void FieldComparison::compareTail(Pair const& pair, OdDbSection const& section)

@@ -48,6 +48,7 @@ private:
     bool haveIdenticalFields(OdDbObject const& object1, OdDbObject const& object2);
     bool haveIdenticalExtras(OdDbObject const& object1, OdDbObject const& object2) const;
     bool isIdentical(OdDbField const& field, void const* place1, void const* place2) const;
+    bool isSameName(OdDbField const& field, OdDbObjectId name1, OdDbObjectId name2) const;
     bool isCompared(OdDbSection const& section) const;
 
     void comparePair(Pair const& pair);

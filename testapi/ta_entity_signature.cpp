@@ -60,13 +60,13 @@ private:
         // depends on what the file held that the entity came from.
         auto* const object = const_cast<OdDbEntity*>(&entity);
         for (OdDbField const& field : section.fields)
-            addField(field.kind, field.place(object));
+            addField(field, field.place(object), entity.database());
         if (section.writeTail)
             section.writeTail(entity, *this);
     }
-    void addField(OdDbFieldKind kind, void const* place)
+    void addField(OdDbField const& field, void const* place, OdDbDatabase const* database)
     {
-        switch (kind) {
+        switch (field.kind) {
         case OdDbFieldKind::kReal: addReals(place, 1); break;
         case OdDbFieldKind::kPoint2: addReals(place, 2); break;
         case OdDbFieldKind::kPoint3: addReals(place, 3); break;
@@ -76,8 +76,12 @@ private:
         case OdDbFieldKind::kInt32: addInteger<std::int32_t>(place); break;
         case OdDbFieldKind::kBool: addInteger<bool>(place); break;
         case OdDbFieldKind::kString: addExact(hashOf(*static_cast<OdString const*>(place))); break;
-        case OdDbFieldKind::kReference:
-        case OdDbFieldKind::kName: addExact(hashOf(*static_cast<OdDbObjectId const*>(place))); break;
+        case OdDbFieldKind::kReference: addExact(hashOf(*static_cast<OdDbObjectId const*>(place))); break;
+        case OdDbFieldKind::kName: {
+            auto const& named = *static_cast<OdDbObjectId const*>(place);
+            addExact(hashOf(database ? odDbNameMeant(field, named, *database) : named));
+            break;
+        }
         }
     }
     template <class T>

@@ -10,9 +10,21 @@ namespace {
 
 constexpr char s_area[] = "testapi/ta_test_helper";
 
+/// Entities outside of drawings often name no linetype, which means the same.
+bool isByLayer(OdDbObjectId linetype)
+{
+    return linetype.isNull() || linetype == linetype.database()->getLinetypeByLayerId();
+}
+
 // clang-format off
 constexpr Row<OdDbEntity> s_commonRows[] = {
-    EXACT(color), EXACT(layerId), EXACT(linetypeId), NEAR(linetypeScale), EXACT(lineWeight),
+    EXACT(color), EXACT(layerId),
+    {{"pp1-> linetypeId () == pp2-> linetypeId ()", L"Incorrect linetypeId value", __LINE__},
+     [](OdDbEntity const* pp1, OdDbEntity const* pp2, Check const& check, Comparison& comparison) {
+         OdDbObjectId const id1 = pp1->linetypeId(), id2 = pp2->linetypeId();
+         return (isByLayer(id1) && isByLayer(id2)) || comparison.exact(id1, id2, check);
+     }},
+    NEAR(linetypeScale), EXACT(lineWeight),
 };
 // clang-format on
 

@@ -2,6 +2,9 @@
 
 #include "host/db/records/od_db_symbol_table.h"
 
+#include <mutex>
+#include <unordered_map>
+
 OdRxClass* OdDbDatabase::desc()
 {
     static OdRxClass s_class(L"OdDbDatabase", &OdDbObject::desc, []() -> OdRxObject* { return new OdDbDatabase; });
@@ -9,7 +12,45 @@ OdRxClass* OdDbDatabase::desc()
 }
 static OdRxClassRegistrar const s_registerOdDbDatabase(&OdDbDatabase::desc);
 
-OdDbDatabase::OdDbDatabase(bool fromTemplate)
+namespace {
+
+/// Drawings may be opened in several threads.
+struct LivingDrawings
+{
+    std::mutex mutex;
+    std::unordered_map<std::int64_t, OdDbDatabase*> bySerial;
+    std::int64_t lastSerial = 0;
+
+    std::int64_t add(OdDbDatabase& database)
+    {
+        std::lock_guard const lock(mutex);
+        bySerial.emplace(++lastSerial, &database);
+        return lastSerial;
+    }
+    void remove(std::int64_t serial)
+    {
+        std::lock_guard const lock(mutex);
+        bySerial.erase(serial);
+    }
+};
+
+LivingDrawings& livingDrawings()
+{
+    static LivingDrawings s_drawings;
+    return s_drawings;
+}
+
+} // namespace
+
+OdDbDatabase* OdDbDatabase::ofSerial(std::int64_t serial)
+{
+    LivingDrawings& drawings = livingDrawings();
+    std::lock_guard const lock(drawings.mutex);
+    auto const found = drawings.bySerial.find(serial);
+    return found == drawings.bySerial.end() ? nullptr : found->second;
+}
+
+OdDbDatabase::OdDbDatabase(bool fromTemplate) : m_serial(livingDrawings().add(*this))
 {
     m_undo.enable(false);
     if (fromTemplate)
@@ -20,6 +61,7 @@ OdDbDatabase::OdDbDatabase(bool fromTemplate)
 
 OdDbDatabase::~OdDbDatabase()
 {
+    livingDrawings().remove(m_serial);
     for (OdDbStub& stub : m_stubs) {
         if (OdDbObject* const object = std::exchange(stub.object, nullptr)) {
             object->m_stub = nullptr;
@@ -45,6 +87,14 @@ OdDbObjectId OdDbDatabase::getLayerZeroId() const
 OdDbObjectId OdDbDatabase::getLinetypeByLayerId() const
 {
     return table(OdDbTableKind::kLinetype).getAt(L"ByLayer");
+}
+
+OdDbObjectId OdDbDatabase::getUsual(OdDbTableKind kind) const
+{
+    bool const isLinetype = kind == OdDbTableKind::kLinetype;
+    if ((!isLinetype && kind != OdDbTableKind::kTextStyle) || !getTableId(kind).isValid())
+        return {};
+    return table(kind).getAt(isLinetype ? L"ByLayer" : L"Standard");
 }
 
 void OdDbDatabase::setSpaces(OdDbObjectId model, OdDbObjectId paper)
@@ -186,6 +236,11 @@ void OdDbDatabase::raiseHandseedAbove(OdDbHandle handle)
     constexpr OdDbHandle kAbsurd(std::uint64_t(1) << 62);
     if (handle < kAbsurd)
         raiseHandseed(OdDbHandle(handle.value() + 1));
+}
+
+OdDbObjectId OdDbDatabase::findId(OdDbHandle handle) const
+{
+    return OdDbObjectId(m_handles.find(handle));
 }
 
 OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle, bool create)

@@ -42,6 +42,9 @@ public:
     /// @{
     OdDbObjectId getLayerZeroId() const;
     OdDbObjectId getLinetypeByLayerId() const;
+    /// What an entity has that names no record of the table, as files leave it out: linetype ByLayer, text style
+    /// Standard. Null for other tables and in a drawing without that record.
+    OdDbObjectId getUsual(OdDbTableKind kind) const;
     OdDbObjectId getCLAYER() const { return current(OdDbTableKind::kLayer); }
     OdDbObjectId getCELTYPE() const { return current(OdDbTableKind::kLinetype); }
     OdDbObjectId getTEXTSTYLE() const { return current(OdDbTableKind::kTextStyle); }
@@ -123,6 +126,13 @@ public:
 
     OdDbSymbolTable& table(OdDbTableKind kind) const;
 
+    /// Tells drawings apart beyond their lives: positive, and of no other drawing of this run.
+    std::int64_t serial() const { return m_serial; }
+    /// The drawing of a serial; null when it is gone or never was.
+    static OdDbDatabase* ofSerial(std::int64_t serial);
+    /// The id of a handle that the drawing has an object for, or that something in it refers to; else null.
+    OdDbObjectId findId(OdDbHandle handle) const;
+
 private:
     friend class OdDbCreateStep;
     friend class OdDbHeaderStep;
@@ -131,6 +141,7 @@ private:
 
     OdDbHandle freeHandle() const;
 
+    std::int64_t m_serial;
     std::deque<OdDbStub> m_stubs;
     OdDbHandleTable m_handles;
     OdDbHandle m_handseed{1};

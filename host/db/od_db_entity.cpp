@@ -70,6 +70,11 @@ void OdDbEntity::setLayer(OdDbObjectId layer)
     setOnParts([&](OdDbEntity& part) { part.setLayer(layer); });
 }
 
+OdDbObjectId OdDbEntity::linetypeId() const
+{
+    return m_linetype.isNull() && database() ? database()->getUsual(OdDbTableKind::kLinetype) : m_linetype;
+}
+
 void OdDbEntity::setLinetype(OdDbObjectId linetype)
 {
     if (isDBRO() && !linetype.isNull() && linetype.database() != database())

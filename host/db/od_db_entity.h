@@ -18,7 +18,7 @@ public:
     void setColor(OdCmColor const& color);
     OdDbObjectId layerId() const { return m_layer; }
     void setLayer(OdDbObjectId layer);
-    OdDbObjectId linetypeId() const { return m_linetype; }
+    OdDbObjectId linetypeId() const;
     void setLinetype(OdDbObjectId linetype);
     double linetypeScale() const { return m_linetypeScale; }
     /// Throws OdError(eOutOfRange) for a scale that is not positive.

@@ -170,6 +170,7 @@ class DrawingComparisonTest : public CppUnit::TestFixture
     CPPUNIT_TEST(tellsEachChangeOnce);
     CPPUNIT_TEST(tellsWhatOnlyOneDrawingHas);
     CPPUNIT_TEST(takesNoNoticeOfHandles);
+    CPPUNIT_TEST(knowsNamesThatAreLeftOut);
     CPPUNIT_TEST(findsObjectsOfUnknownOwners);
     CPPUNIT_TEST(equalsWhatIsSavedOfIt);
     CPPUNIT_TEST(toleratesSmallDifferencesOfReals);
@@ -283,6 +284,21 @@ class DrawingComparisonTest : public CppUnit::TestFixture
             {"model space: OdDbLine 70/1070: endPoint: (10.5, 0, 0) | (11.5, 0, 0), off by 1, allowed "
              "1e-06"},
             differencesOf(*first, *dxfText::read(renumbered(moved))), "other handles and a change");
+    }
+
+    /// Some programs write the linetype ByLayer and the text style Standard, others leave them out.
+    void knowsNamesThatAreLeftOut()
+    {
+        std::string const base = replaced(drawing(), "2\nSIGNS", "2\nStandard");
+        OdDbDatabasePtr const first = dxfText::read(replaced(base, "7\nNOTES\n", ""));
+        std::string written = replaced(base, "7\nNOTES", "7\nStandard");
+        for (std::string const marker : {"AcDbCircle", "AcDbLeader", "AcDbText\n10", "AcDbVertex"})
+            written = replaced(written, "100\n" + marker, "6\nByLayer\n100\n" + marker);
+        assertDifferences({}, differencesOf(*first, *dxfText::read(written)), "names written");
+        assertDifferences({}, differencesOf(*dxfText::read(written), *first), "names left out");
+        std::string const other = replaced(written, "6\nByLayer\n100\nAcDbCircle", "6\nByBlock\n100\nAcDbCircle");
+        assertDifferences({"block DOOR: OdDbCircle 63: linetypeId: \"ByLayer\" | \"ByBlock\""},
+                          differencesOf(*first, *dxfText::read(other)), "another name");
     }
 
     /// An object that no dictionary holds is found by what refers to it.

@@ -140,9 +140,7 @@ OdDbTextVerticalMode OdDbMText::verticalMode() const
 
 OdDbObjectId OdDbMText::textStyle() const
 {
-    if (!m_style.isNull() || !database())
-        return m_style;
-    return database()->table(OdDbTableKind::kTextStyle).getAt(L"Standard");
+    return m_style.isNull() && database() ? database()->getUsual(OdDbTableKind::kTextStyle) : m_style;
 }
 
 void OdDbMText::copyPartsOf(OdDbObject const& source)

@@ -61,9 +61,7 @@ void OdDbText::setTextString(OdString const& text)
 
 OdDbObjectId OdDbText::textStyle() const
 {
-    if (!m_style.isNull() || !database())
-        return m_style;
-    return database()->table(OdDbTableKind::kTextStyle).getAt(L"Standard");
+    return m_style.isNull() && database() ? database()->getUsual(OdDbTableKind::kTextStyle) : m_style;
 }
 
 void OdDbText::copyPartsOf(OdDbObject const& source)

@@ -123,6 +123,10 @@ constexpr OdDbField odNameField(int code, OdDbTableKind table, OdDbWriteRule rul
     return field;
 }
 
+class OdDbDatabase;
+/// The record that a name field means in an object of the drawing: files leave out names that are usual.
+OdDbObjectId odDbNameMeant(OdDbField const& field, OdDbObjectId named, OdDbDatabase const& database);
+
 class OdDbReferenceResolver;
 
 /// Fields below one subclass marker. What a list of fields cannot say (vertices, dash elements, entries) is read

@@ -1,6 +1,7 @@
 #include "host/db/filer/od_db_field_table.h"
 
 #include "host/db/filer/od_db_embedded.h"
+#include "host/db/od_db_database.h"
 #include "host/db/records/od_db_symbol_table.h"
 
 #include <cstring>
@@ -115,6 +116,12 @@ bool equal(OdDbField const& field, void* a, void* b)
 }
 
 } // namespace
+
+OdDbObjectId odDbNameMeant(OdDbField const& field, OdDbObjectId named, OdDbDatabase const& database)
+{
+    bool const isLeftOut = named.isNull() && field.rule == OdDbWriteRule::kNotDefault;
+    return isLeftOut ? database.getUsual(field.table) : named;
+}
 
 OdDbFieldTable::OdDbFieldTable(std::vector<OdDbSection> sections) : m_sections(std::move(sections))
 {
