@@ -1,5 +1,7 @@
 #include "testapi/ta_test_data.h"
 
+#include "testapi/ta_xml_restore_point.h"
+
 #include <utility>
 
 namespace ta {
@@ -95,8 +97,8 @@ bool TestOdGeSegmentChain2dOnPlane::readFromXml(pugi::xml_node const& node)
 {
     OdGeVector3d readNormal;
     double readElev = 0;
-    if (!oa::readAttr(node, s_normal, readNormal) || !oa::readAttr(node, s_elev, readElev) ||
-        !TestOdGeSegmentChain2d::readFromXml(node))
+    if (!oa::readAttr(node, s_normal, readNormal) || readNormal.isZeroLength() ||
+        !oa::readAttr(node, s_elev, readElev) || !TestOdGeSegmentChain2d::readFromXml(node))
         return false;
     normal = readNormal;
     elev = readElev;
@@ -105,8 +107,9 @@ bool TestOdGeSegmentChain2dOnPlane::readFromXml(pugi::xml_node const& node)
 
 bool TestOdGeSegmentChain2dOnPlane::writeToXml(pugi::xml_node& node) const
 {
-    return TestOdGeSegmentChain2d::writeToXml(node) && oa::writeAttr(node, s_normal, normal) &&
-           oa::writeAttr(node, s_elev, elev);
+    XmlRestorePoint before(node);
+    return before.keepIf(!normal.isZeroLength() && TestOdGeSegmentChain2d::writeToXml(node) &&
+                         oa::writeAttr(node, s_normal, normal) && oa::writeAttr(node, s_elev, elev));
 }
 
 bool TestOdGePolyline3d::readFromXml(pugi::xml_node const& node)
@@ -153,12 +156,13 @@ bool TestLineSeg2dArray::readFromXml(pugi::xml_node const& node)
 
 bool TestLineSeg2dArray::writeToXml(pugi::xml_node& node) const
 {
-    for (std::size_t i = 0; i < segments.size(); ++i) {
+    XmlRestorePoint before(node);
+    bool isWritten = true;
+    for (std::size_t i = 0; isWritten && i < segments.size(); ++i) {
         OdString const name = odFormat(L"item%d", static_cast<int>(i));
-        if (!oa::writeAttr(node.append_child(name.c_str()), *segments[i]))
-            return false;
+        isWritten = oa::writeAttr(node.append_child(name.c_str()), *segments[i]);
     }
-    return true;
+    return before.keepIf(isWritten);
 }
 
 bool TestPgMesh::readFromXml(pugi::xml_node const& node)

@@ -1,5 +1,6 @@
 // Test data other than geometry: texts and handles.
 #include "testapi/ta_test_data.h"
+#include "testapi/ta_xml_restore_point.h"
 
 #include <algorithm>
 #include <string_view>
@@ -24,8 +25,9 @@ struct TextAttributes
     }
     bool write(pugi::xml_node node, wchar_t const* widthName) const
     {
-        return oa::writeAttr(node, L"pos", position) && oa::writeAttr(node, widthName, width) &&
-               oa::writeAttr(node, L"text", text) && oa::writeAttr(node, L"rotAngDeg", rotation);
+        XmlRestorePoint before(node);
+        return before.keepIf(oa::writeAttr(node, L"pos", position) && oa::writeAttr(node, widthName, width) &&
+                             oa::writeAttr(node, L"text", text) && oa::writeAttr(node, L"rotAngDeg", rotation));
     }
 };
 

@@ -7,10 +7,14 @@ namespace {
 // Below this part of the greatest scale of a matrix an image counts as collapsed: that is what rounding leaves.
 constexpr double kCollapsed = 1e-13;
 
+// Most directions are given as perpendicular unit vectors, often with the 15 digits of a file. They stay as they
+// are: correcting the last digits again and again would let small coordinates drift.
+constexpr double kDigitsOfText = 4e-15;
+
 OdGeVector3d unitAbove(double least, OdGeVector3d const& v)
 {
-    if (v.lengthSqrd() == 1 && least < 1)
-        return v; // most directions are given as unit vectors, and their length takes a root to find out
+    if (std::abs(v.lengthSqrd() - 1) <= kDigitsOfText && least < 1)
+        return v;
     double const length = v.length();
     if (!(length > least) || !std::isfinite(length))
         throw OdError(eDegenerateGeometry);
@@ -27,7 +31,13 @@ OdGeVector3d odgeUnitOrThrow(OdGeVector3d const& v)
 OdGeVector3d odgeUnitAcross(OdGeVector3d const& v, OdGeVector3d const& unit)
 {
     OdGeVector3d const direction = odgeUnitOrThrow(v);
-    return odgeUnitOrThrow(direction - unit * direction.dotProduct(unit));
+    return odgeUnitOrThrow(odgePartAcross(direction, unit));
+}
+
+OdGeVector3d odgePartAcross(OdGeVector3d const& v, OdGeVector3d const& unit)
+{
+    double const along = v.dotProduct(unit);
+    return std::abs(along) <= kDigitsOfText * v.length() ? v : v - unit * along;
 }
 
 OdGeVector3d odgeUnitImage(OdGeMatrix3d const& transformation, OdGeVector3d const& unit)

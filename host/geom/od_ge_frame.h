@@ -9,6 +9,8 @@
 OdGeVector3d odgeUnitOrThrow(OdGeVector3d const& v);
 /// The part of the vector across a unit vector, at length 1. Throws as above, also for parallel vectors.
 OdGeVector3d odgeUnitAcross(OdGeVector3d const& v, OdGeVector3d const& unit);
+/// The part of the vector across a unit vector; the vector itself where it is perpendicular but for rounding.
+OdGeVector3d odgePartAcross(OdGeVector3d const& v, OdGeVector3d const& unit);
 /// The image of a direction at length 1. Throws OdError(eDegenerateGeometry) where the direction collapses,
 /// measured against how the matrix scales other directions.
 OdGeVector3d odgeUnitImage(OdGeMatrix3d const& transformation, OdGeVector3d const& unit);

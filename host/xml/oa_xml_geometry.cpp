@@ -32,7 +32,13 @@ bool writeCurve(pugi::xml_node node, Curve const& value, int precision)
 {
     auto const layout = Layout<Curve>::of(value);
     AttributeWriter writer(precision);
-    return layout.isPossible() && Layout<Curve>::attributes(layout, writer) && writer.writeTo(node);
+    if (!layout.isPossible() || !Layout<Curve>::attributes(layout, writer))
+        return false;
+    // Rounding can make a curve impossible, such as knots that only differ in digits that are not written.
+    pugi::xml_document trial;
+    Curve back;
+    pugi::xml_node const written = trial.append_child(L"trial");
+    return writer.writeTo(written) && readCurve(written, back) && writer.writeTo(node);
 }
 
 template <class Segment, class Point>
@@ -164,17 +170,24 @@ struct EllipseLayout
 
     static EllipseLayout of(Arc const& arc)
     {
-        double const major = arc.majorRadius();
-        double const minor = arc.minorRadius();
-        return {arc.center(), arc.majorAxis() / major, arc.minorAxis() / minor, major,
-                minor,        arc.startParam(),        arc.endParam()};
+        return {arc.center(),      arc.majorAxis(),  arc.minorAxis(), arc.majorRadius(),
+                arc.minorRadius(), arc.startParam(), arc.endParam()};
     }
     Arc curve() const
     {
-        OdGeVector3d const major = odgeUnitOrThrow(inSpace(majorAxis));
-        OdGeVector3d const minor = odgeUnitAcross(inSpace(minorAxis), major);
-        return Arc(
-            OdGeEllipArc3d(inSpace(center), major * majorRadius, minor * minorRadius, startAngle, endAngle));
+        OdGeVector3d major = inSpace(majorAxis);
+        OdGeVector3d minor = inSpace(minorAxis);
+        if (!isHalfAxis(major, majorRadius))
+            major = odgeUnitOrThrow(major) * majorRadius;
+        OdGeVector3d const unit = major / major.length();
+        if (minor = odgePartAcross(minor, unit); !isHalfAxis(minor, minorRadius))
+            minor = odgeUnitAcross(minor, unit) * minorRadius;
+        return Arc(OdGeEllipArc3d(inSpace(center), major, minor, startAngle, endAngle));
+    }
+    /// Axes are written with their half lengths, which keeps their digits; other lengths only tell directions.
+    static bool isHalfAxis(OdGeVector3d const& axis, double radius)
+    {
+        return std::abs(axis.length() - radius) <= 1e-14 * radius;
     }
     bool isPossible() const { return majorRadius > 0 && minorRadius > 0; }
     template <class Self, class Attributes>

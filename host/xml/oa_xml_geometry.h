@@ -2,8 +2,8 @@
 
 // Geometry in XML: the attributes of one element, for chains its children. As for values (oa_xml.h), reading is
 // false with the target as it was, also for geometry that cannot be (a radius of 0, knots that make no curve), and
-// writing is false with nothing written. Angles are radians; directions and axes may be given at any length but
-// zero.
+// writing is false with nothing written. Angles are radians; directions and axes may be given at any length
+// above 1e-10; the axes of ellipses are written as half axes.
 
 #include "host/geom/curves/od_ge_circ_arc2d.h"
 #include "host/geom/curves/od_ge_circ_arc3d.h"

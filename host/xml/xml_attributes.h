@@ -3,6 +3,7 @@
 // Several attributes of one element. A layout that names its attributes once, in a function template that takes a
 // reader or a writer, serves both ways: all functions are false on failure.
 
+#include "host/geom/curves/od_ge_turn.h"
 #include "host/xml/xml_text.h"
 #include "host/xml/xml_value.h"
 
@@ -124,12 +125,22 @@ public:
         m_attributes.push_back({name, text, text != usual});
         return true;
     }
-    /// False also when the digits do not tell the two numbers apart: nobody could read the way between them.
+    /// The ends of an arc. False also when the digits do not tell them apart: nobody could read the way between.
     bool range(wchar_t const* fromName, wchar_t const* toName, double from, double to)
     {
         if (!value(fromName, from) || !value(toName, to))
             return false;
-        return m_attributes.end()[-2].text != m_attributes.back().text;
+        OdString const& start = m_attributes.end()[-2].text;
+        OdString& end = m_attributes.back().text;
+        if (!odgeIsFullTurn({from, to}))
+            return start != end;
+        // Of a start of many turns so few digits are left that those of the end may fall short of a full turn.
+        double startRead = 0;
+        double endRead = 0;
+        if (parseValue(start.str(), startRead) && parseValue(end.str(), endRead) &&
+            !odgeIsFullTurn({startRead, endRead}))
+            end = start;
+        return true;
     }
     template <class T>
     bool items(wchar_t const* name, OdArray<T> const& values)

@@ -31,7 +31,11 @@ bool appendCoordinates(OdString& text, std::span<double const> values, int preci
     for (std::size_t i = 0; i < values.size(); ++i) {
         if (i > 0)
             text += L',';
-        text += ut::formatReal(values[i], precision);
+        OdString const digits = ut::formatReal(values[i], precision);
+        double read = 0;
+        if (!ut::parseReal(digits.str(), read))
+            return false; // rounded up beyond all numbers
+        text += digits;
     }
     return true;
 }

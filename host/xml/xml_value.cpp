@@ -90,7 +90,7 @@ bool parseValue(std::wstring_view text, OdDbHandle& value)
 bool appendValue(OdString& text, OdString const& value, int)
 {
     text += value;
-    return true;
+    return value.str().find(L'\0') == std::wstring::npos; // where attributes end
 }
 
 bool appendValue(OdString& text, int value, int)

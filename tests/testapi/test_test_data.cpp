@@ -105,9 +105,9 @@ class TestDataTest : public CppUnit::TestFixture
                  R"(clockwise="true"/>)",
                  R"(<TestOdGeCircArc3d center="0,0,4" normal="0,0,1" refVec="1,0,0" radius="3" startAng="0" )"
                  R"(endAng="3.5"/>)",
-                 R"(<TestOdGeEllipArc2d center="0,0" majorAxis="1,0" minorAxis="0,1" majorRadius="6" )"
+                 R"(<TestOdGeEllipArc2d center="0,0" majorAxis="6,0" minorAxis="0,4" majorRadius="6" )"
                  R"(minorRadius="4" startAng="0" endAng="3"/>)",
-                 R"(<TestOdGeEllipArc3d center="0,0,1" majorAxis="0,1,0" minorAxis="0,0,1" majorRadius="6" )"
+                 R"(<TestOdGeEllipArc3d center="0,0,1" majorAxis="0,6,0" minorAxis="0,0,4" majorRadius="6" )"
                  R"(minorRadius="4" startAng="0" endAng="3"/>)",
                  R"(<TestOdGeNurbCurve3d degree="2" periodic="false" nKnot="6" aKnot="0 0 0 1 1 1" nPt="3" )"
                  R"(aPt="0,0,0 5,5,0 10,0,0" nWeight="3" aWeight="1 0.5 1"/>)",

@@ -68,12 +68,8 @@ Numbers numbersOf(OdGeCircArc3d const& arc)
 template <class Arc>
 Numbers numbersOfEllipse(Arc const& arc)
 {
-    return {numbers(arc.center()),
-            numbers(arc.majorAxis() / arc.majorRadius()),
-            numbers(arc.minorAxis() / arc.minorRadius()),
-            {arc.majorRadius()},
-            {arc.minorRadius()},
-            {arc.startParam(), arc.endParam()}};
+    return {numbers(arc.center()), numbers(arc.majorAxis()), numbers(arc.minorAxis()),
+            {arc.majorRadius()},   {arc.minorRadius()},      {arc.startParam(), arc.endParam()}};
 }
 Numbers numbersOf(OdGeEllipArc2d const& arc)
 {
@@ -183,6 +179,9 @@ class TestDataRoundTripTest : public CppUnit::TestFixture
     CPPUNIT_TEST(geometry);
     CPPUNIT_TEST(polylines);
     CPPUNIT_TEST(others);
+    CPPUNIT_TEST(whatRoundingSpoilsIsNotWritten);
+    CPPUNIT_TEST(circlesOfManyTurns);
+    CPPUNIT_TEST(failedWritingChangesNothing);
     CPPUNIT_TEST_SUITE_END();
 
     static constexpr int s_rounds = 500;
@@ -290,6 +289,18 @@ class TestDataRoundTripTest : public CppUnit::TestFixture
         return OdString(result);
     }
 
+    /// Without what follows from other numbers: the ends of full turns, the radii of ellipses.
+    static std::string writtenAgain(ut::TestGeData const& datum)
+    {
+        pugi::xml_document document;
+        CPPUNIT_ASSERT(datum.write(document));
+        for (wchar_t const* const name : {L"endAng", L"majorRadius", L"minorRadius"})
+            document.first_child().remove_attribute(name);
+        std::ostringstream text;
+        document.save(text);
+        return text.str();
+    }
+
     template <class Data>
     static void check(Data const& datum)
     {
@@ -301,6 +312,7 @@ class TestDataRoundTripTest : public CppUnit::TestFixture
         CPPUNIT_ASSERT(read.load_buffer(file.str().data(), file.str().size()));
         auto const back = ut::TestGeData::readObject(read.first_child());
         CPPUNIT_ASSERT_MESSAGE(file.str(), back && back->isA() == datum.isA());
+        CPPUNIT_ASSERT_EQUAL(writtenAgain(datum), writtenAgain(*back));
 
         Numbers const expected = numbersOf(datum);
         Numbers const actual = numbersOf(static_cast<Data const&>(*back));
@@ -373,6 +385,57 @@ class TestDataRoundTripTest : public CppUnit::TestFixture
             line.text = text();
             line.rotAngDeg = number();
             check(line);
+        }
+    }
+
+    void whatRoundingSpoilsIsNotWritten()
+    {
+        pugi::xml_document document;
+        OdGeNurbCurve3d::Definition definition;
+        definition.degree = 1;
+        double const next = std::nextafter(0.5, 1.0);
+        definition.knots = OdGeKnotVector({0, 0, 0.5, next, 1, 1});
+        definition.controlPoints = {{0, 0, 0}, {1, 0, 0}, {2, 1, 0}, {3, 0, 0}};
+        CPPUNIT_ASSERT(!ta::TestOdGeNurbCurve3d(OdGeNurbCurve3d(definition)).write(document));
+        double const most = std::numeric_limits<double>::max(); // would be rounded up
+        CPPUNIT_ASSERT(!ta::TestOdGeLineSeg2d({{0, 0}, {most, 0}}).write(document));
+        ta::TestTextData text;
+        text.text = OdString(std::wstring(L"a\0b", 3));
+        CPPUNIT_ASSERT(!text.write(document));
+        CPPUNIT_ASSERT(!document.first_child());
+    }
+
+    void circlesOfManyTurns()
+    {
+        for (int i = 0; i < s_rounds; ++i) {
+            double const start = between(-1e6, 1e6);
+            pugi::xml_document document;
+            CPPUNIT_ASSERT(ta::TestOdGeCircArc2d(OdGeCircArc2d({0, 0}, 1, start, start + Oda2PI)).write(document));
+            CPPUNIT_ASSERT(ta::isCircle2d(ut::TestGeData::readObject(document.first_child()).get()));
+        }
+    }
+
+    void failedWritingChangesNothing()
+    {
+        ta::TestOdGeSegmentChain2dOnPlane onPlane(chain());
+        onPlane.elev = std::numeric_limits<double>::quiet_NaN();
+        ta::TestOdGeSegmentChain2dOnPlane noPlane(chain());
+        noPlane.normal = {0, 0, 0};
+        ta::TestLineSeg2dArray segments;
+        segments.segments.append(std::make_unique<OdGeLineSeg2d>(OdGePoint2d(0, 0), OdGePoint2d(1, 1)));
+        segments.segments.append(std::make_unique<OdGeLineSeg2d>(OdGePoint2d(HUGE_VAL, 0), OdGePoint2d(1, 1)));
+        ta::TestMTextData text;
+        text.rotAngDeg = HUGE_VAL;
+        for (ut::TestGeData const* const datum :
+             std::initializer_list<ut::TestGeData const*>{&onPlane, &noPlane, &segments, &text}) {
+            pugi::xml_document document;
+            CPPUNIT_ASSERT(document.load_string(L"<e pos='old' other='1'><vertex pt='0,0'/>text</e>"));
+            std::ostringstream before, after;
+            document.save(before);
+            pugi::xml_node element = document.first_child();
+            CPPUNIT_ASSERT(!datum->writeToXml(element));
+            document.save(after);
+            CPPUNIT_ASSERT_EQUAL(before.str(), after.str());
         }
     }
 };

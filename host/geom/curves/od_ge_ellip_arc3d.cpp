@@ -3,6 +3,7 @@
 #include "host/geom/curves/od_ge_ellipse_range.h"
 #include "host/geom/curves/od_ge_quadrature.h"
 #include "host/geom/curves/od_ge_turn.h"
+#include "host/geom/od_ge_frame.h"
 #include "host/root/od_error.h"
 
 #include <utility>
@@ -13,13 +14,6 @@ namespace {
 constexpr double kCollapsed = 1e-13;
 // Lengths whose squares still are numbers with all digits.
 constexpr double kLeastLength = 1e-140;
-
-/// The part of `v` across `base`.
-OdGeVector3d partAcross(OdGeVector3d const& v, OdGeVector3d const& base)
-{
-    OdGeVector3d const unit = base / base.length();
-    return v - unit * v.dotProduct(unit);
-}
 
 /// Angle from one of two perpendicular axes, with half lengths `along` and `across`, to the direction of a
 /// parameter.
@@ -43,7 +37,7 @@ OdGeEllipArc3d::OdGeEllipArc3d(OdGePoint3d const& center, OdGeVector3d const& ma
     if (!(majorAxis.length() > kLeastLength) || !(minorLength > kLeastLength))
         throw OdError(eDegenerateGeometry);
     m_major = majorAxis;
-    m_minor = partAcross(minorAxis, majorAxis);
+    m_minor = odgePartAcross(minorAxis, majorAxis / majorAxis.length());
     if (!(m_minor.length() > kCollapsed * minorLength) || !std::isfinite(majorAxis.length()))
         throw OdError(eDegenerateGeometry);
 }
@@ -77,7 +71,7 @@ void OdGeEllipArc3d::setAxesOf(OdGeVector3d const& u, OdGeVector3d const& v)
     bool const isFirstLonger = first.lengthSqrd() >= second.lengthSqrd();
     OdGeVector3d const& longer = isFirstLonger ? first : second;
     OdGeVector3d& shorter = isFirstLonger ? second : first;
-    shorter = partAcross(shorter, longer);
+    shorter = odgePartAcross(shorter, longer / longer.length());
     if (!(shorter.length() > kCollapsed * longer.length()))
         throw OdError(eDegenerateGeometry);
     m_major = first;

@@ -143,9 +143,9 @@ class OaXmlGeometryTest : public CppUnit::TestFixture
 
     void ellipticArcs()
     {
-        checkKept(OdGeEllipArc2d(), {R"(<e center="1,2" majorAxis="0,1" minorAxis="1,0" majorRadius="4" )"
+        checkKept(OdGeEllipArc2d(), {R"(<e center="1,2" majorAxis="0,4" minorAxis="2,0" majorRadius="4" )"
                                      R"(minorRadius="2" startAng="0" endAng="3"/>)"});
-        checkKept(OdGeEllipArc3d(), {R"(<e center="1,2,3" majorAxis="0,0,1" minorAxis="0.6,0.8,0" )"
+        checkKept(OdGeEllipArc3d(), {R"(<e center="1,2,3" majorAxis="0,0,2" minorAxis="3,4,0" )"
                                      R"(majorRadius="2" minorRadius="5" startAng="1" endAng="2"/>)"});
         // Of the axes only the directions count, of the minor one what is across the major one.
         OdGeEllipArc2d arc;
