@@ -107,6 +107,8 @@ OdDbEntityPtr changedCopy(OdDbEntity const& entity, OdDbTagList const& tags, ca:
     auto const* const block = owner.isValid() ? odCast<OdDbBlockTableRecord>(owner.stub()->object) : nullptr;
     if (block && !block->isLayout() && ca::isLoop(*copy, owner))
         return {};
+    if (ca::showsSpace(*copy) && !ca::showsSpace(entity)) // files may have such references
+        return {};
     return errorsOf(*copy) <= errorsOf(entity) ? copy : OdDbEntityPtr();
 }
 

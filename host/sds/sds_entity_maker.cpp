@@ -74,7 +74,7 @@ bool SdsEntityMaker::makeEntity(SdsRecord const& record)
         made->entity->setLayer(m_database->getCLAYER());
     bool const isHead = beginsSequence(record);
     bool const lacksVertices = record.type == kPolyline; // it is sound with them alone
-    if (!lacksVertices && !isSound(*made->entity))
+    if (showsSpace(*made->entity) || (!lacksVertices && !isSound(*made->entity)))
         return false;
     Whole whole{*std::move(made), {}, {}, record.isInPaperSpace.value_or(false)};
     if (!isHead)

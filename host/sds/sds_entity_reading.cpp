@@ -29,6 +29,7 @@ struct FlatPoint
 // clang-format off
 constexpr FlatPoint kFlatPoints[] = {
     {"HATCH",       10, 1}, {"HATCH",       11}, {"HATCH",    12}, {"HATCH",    13},
+    {"MPOLYGON",    10, 1}, {"MPOLYGON",    11}, {"MPOLYGON", 12}, {"MPOLYGON", 13},
     {"IMAGE",       13},    {"IMAGE",       14}, {"WIPEOUT",  13}, {"WIPEOUT",  14},
     {"VIEWPORT",    12},    {"VIEWPORT",    13}, {"VIEWPORT", 14}, {"VIEWPORT", 15},
     {"PDFUNDERLAY", 11},    {"DWFUNDERLAY", 11}, {"DGNUNDERLAY", 11},
@@ -199,10 +200,26 @@ bool hasRequiredGroups(OdDbEntity const& entity)
     return true;
 }
 
-bool isLoop(OdDbEntity const& entity, OdDbObjectId block)
+namespace {
+
+/// Null for what is no reference.
+OdDbObjectId shownBlock(OdDbEntity const& entity)
 {
     auto const* const reference = odCast<OdDbBlockReference>(&entity);
-    OdDbObjectId const shown = reference ? reference->blockTableRecord() : OdDbObjectId();
+    return reference ? reference->blockTableRecord() : OdDbObjectId();
+}
+
+} // namespace
+
+bool showsSpace(OdDbEntity const& entity)
+{
+    OdDbObjectId const shown = shownBlock(entity);
+    return shown.isValid() && shown.open<OdDbBlockTableRecord>()->isLayout();
+}
+
+bool isLoop(OdDbEntity const& entity, OdDbObjectId block)
+{
+    OdDbObjectId const shown = shownBlock(entity);
     return shown.isValid() && (shown == block || shown.open<OdDbBlockTableRecord>()->contains(block));
 }
 

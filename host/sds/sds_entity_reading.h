@@ -15,7 +15,7 @@ class SdsNames final : public OdDbReferenceResolver
 public:
     explicit SdsNames(OdDbDatabase& database) : m_database(&database) {}
 
-    /// For a layer that the drawing lacks: layer 0, until takeLayer().
+    /// For a layer that the drawing lacks: layer 0, until complete().
     OdDbObjectId byName(OdDbTableKind table, std::string_view utf8Name) override;
     OdDbObjectId byHandle(OdDbHandle handle) override { return m_database->getOdDbObjectId(handle, true); }
     void noteApplications(OdDbTagList const& tags);
@@ -47,6 +47,9 @@ bool readTags(OdDbTagList const& tags, OdDbEntity& entity, SdsNames& names);
 
 /// All groups came that an entity of the class cannot do without.
 bool hasRequiredGroups(OdDbEntity const& entity);
+
+/// A reference to model space or a sheet, which no command makes.
+bool showsSpace(OdDbEntity const& entity);
 
 /// A reference in this block to its own block, at any depth.
 bool isLoop(OdDbEntity const& entity, OdDbObjectId block);

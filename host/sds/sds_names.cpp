@@ -1,5 +1,6 @@
 #include "host/sds/sds_names.h"
 
+#include "host/db/od_db_database.h"
 #include "host/root/od_error.h"
 
 #include <bit>
@@ -7,8 +8,8 @@
 
 namespace {
 
-// The second word tells what is named, so that neither kind is ever taken for the other.
-constexpr std::int64_t s_entityKind = 0;
+// The second word tells what is named, so that neither kind is ever taken for the other: for selection sets it is
+// 1, for objects twice the serial of their drawing, and the first word is the handle. Nothing is dereferenced.
 constexpr std::int64_t s_selectionSetKind = 1;
 
 struct SelectionSetNames
@@ -75,14 +76,16 @@ OdDbSelectionSetPtr selectionSetOf(std::int64_t const* name)
 
 SdsName nameOf(OdDbObjectId id)
 {
-    return {{std::bit_cast<std::int64_t>(id.stub()), s_entityKind}};
+    OdDbDatabase const* const database = id.database();
+    if (!database)
+        return {};
+    return {{std::bit_cast<std::int64_t>(id.getHandle().value()), 2 * database->serial()}};
 }
 
 OdDbObjectId objectIdOf(std::int64_t const* name)
 {
-    if (!name || name[1] != s_entityKind)
-        return {};
-    return OdDbObjectId(std::bit_cast<OdDbStub*>(name[0]));
+    OdDbDatabase const* const database = name && name[1] % 2 == 0 ? OdDbDatabase::ofSerial(name[1] / 2) : nullptr;
+    return database ? database->findId(OdDbHandle(std::bit_cast<std::uint64_t>(name[0]))) : OdDbObjectId();
 }
 
 } // namespace ca

@@ -27,7 +27,7 @@ OdDbSelectionSetPtr selectionSetOf(std::int64_t const* name);
 
 /// The name of an object, valid as long as its drawing, also while it is erased.
 SdsName nameOf(OdDbObjectId id);
-/// The object of a name made by nameOf(); null for the null name and for names of selection sets.
+/// The object of a name made by nameOf(); null for any other words and when the drawing is gone.
 OdDbObjectId objectIdOf(std::int64_t const* name);
 
 } // namespace ca

@@ -91,6 +91,7 @@ private:
     bool m_isInExtendedData = false; ///< behind the first application
     bool m_wantsApplication = false; ///< extended data was announced
     std::string m_leftOutGroup;      ///< the group in braces that is being left out
+    int m_pointCode = 0;             ///< of the node in front, if it is a point
 };
 
 bool RecordBuilder::take(sds_resbuf const& node)
@@ -111,7 +112,9 @@ bool RecordBuilder::take(sds_resbuf const& node)
         return false;
     m_isInExtendedData |= isExtendedData;
     m_wantsApplication = false;
-    return takeValue(node);
+    bool const isTaken = takeValue(node);
+    m_pointCode = restypeToResvalType(node.restype) == RT3DPOINT ? code : 0;
+    return isTaken;
 }
 
 bool RecordBuilder::takeValue(sds_resbuf const& node)
@@ -176,9 +179,13 @@ bool RecordBuilder::takeText(int code, wchar_t const* text)
 
 bool RecordBuilder::takeReal(int code, double value)
 {
+    // Behind a point it would be taken for one of its coordinates; extended data means nothing to the host.
+    if (m_pointCode != 0 && !m_isInExtendedData && (code == m_pointCode + 10 || code == m_pointCode + 20))
+        return false;
+    double const stored = isAngle(code) ? toDegrees(value) : value;
     if (!isLeftOut(code))
-        m_record.tags.real(code, isAngle(code) ? toDegrees(value) : value);
-    return std::isfinite(value);
+        m_record.tags.real(code, stored);
+    return std::isfinite(stored);
 }
 
 bool RecordBuilder::takePoint(int code, sds_point const& point)

@@ -34,6 +34,14 @@ std::vector<MemberList> const& memberLists()
     return s_lists;
 }
 
+/// Codes of one section that say one value in two ways: the one that stands last counts.
+struct Alternatives
+{
+    std::string_view marker;
+    int codes[2];
+};
+constexpr Alternatives kAlternatives[] = {{"AcDbMText", {11, 50}}};
+
 /// One value: a tag, or the coordinates of a point.
 using Value = OdDbTagList;
 struct Item
@@ -54,8 +62,8 @@ struct Section
 struct Record
 {
     std::vector<Section> sections; ///< in front the one before all markers: what says where the entity stands
-    std::map<std::string, OdDbTagList> extendedData; ///< by application
-    std::vector<std::string> applications;           ///< in order
+    std::map<OdString, OdDbTagList> extendedData; ///< by application, in upper case
+    std::vector<OdString> applications;           ///< in order
 };
 
 bool isNextCoordinate(Items const& items, OdDbTag const& tag)
@@ -77,11 +85,11 @@ Record parse(OdDbTagList const& tags)
 {
     Record record;
     record.sections.push_back({{}, kMarker, {}});
-    std::string application;
+    OdString application;
     for (OdDbTag const tag : tags) {
         if (tag.code >= kFirstExtendedData) {
             if (tag.code == kApplication) {
-                application = tag.text;
+                application = OdString::fromUtf8(tag.text).upper();
                 if (record.extendedData.try_emplace(application).second)
                     record.applications.push_back(application);
             }
@@ -122,6 +130,7 @@ public:
     {
         if (m_named.empty())
             return true;
+        dropAlternatives();
         if (mustReplaceInOrder())
             return replaceInOrder();
         replaceOneByOne();
@@ -137,6 +146,27 @@ private:
     bool namesList() const
     {
         return std::ranges::any_of(m_named, [this](int code) { return isOfList(code); });
+    }
+
+    /// What is said in the other way, or in the other order, would go on to count.
+    void dropAlternatives()
+    {
+        auto const alternatives = std::ranges::find(kAlternatives, m_present.marker, &Alternatives::marker);
+        if (alternatives == std::end(kAlternatives))
+            return;
+        auto const isOne = [&](Item const& item) {
+            return item.code == alternatives->codes[0] || item.code == alternatives->codes[1];
+        };
+        auto const codesIn = [&](Items const& items) {
+            std::vector<int> codes;
+            for (Item const& item : items)
+                if (isOne(item))
+                    codes.push_back(item.code);
+            return codes;
+        };
+        std::vector<int> const changed = codesIn(m_changes);
+        if (!changed.empty() && changed != codesIn(m_present.items))
+            std::erase_if(m_present.items, isOne);
     }
 
     bool mustReplaceInOrder() const
@@ -199,20 +229,28 @@ private:
 class SectionFinder
 {
 public:
-    SectionFinder(Record const& present, bool isKept) : m_present(present), m_isKept(isKept) {}
+    SectionFinder(Record const& present, bool isKept) : m_present(present), m_isKept(isKept)
+    {
+        for (Section const& section : present.sections) {
+            std::set<int>& codes = m_codes.emplace_back();
+            for (Item const& item : section.items)
+                codes.insert(item.code);
+        }
+    }
 
     std::size_t find(std::string_view marker, int code) const
     {
         auto const& sections = m_present.sections;
-        auto const named = std::ranges::find(sections, marker, &Section::marker);
-        bool const isNamed = !marker.empty() && named != sections.end();
-        if (isNamed && (m_isKept || countOf(named->items, code) > 0))
-            return static_cast<std::size_t>(named - sections.begin());
+        auto const named =
+            static_cast<std::size_t>(std::ranges::find(sections, marker, &Section::marker) - sections.begin());
+        bool const isNamed = !marker.empty() && named != sections.size();
+        if (isNamed && (m_isKept || m_codes[named].contains(code)))
+            return named;
         for (std::size_t i = 1; i < sections.size(); ++i)
-            if (sections[i].markerCode == kMarker && countOf(sections[i].items, code) > 0)
+            if (sections[i].markerCode == kMarker && m_codes[i].contains(code))
                 return i;
         if (isNamed)
-            return static_cast<std::size_t>(named - sections.begin());
+            return named;
         bool const isProperty = std::ranges::find(kPropertyCodes, code) != std::end(kPropertyCodes);
         for (std::size_t i = sections.size(); --i > 0;)
             if (sections[i].markerCode == kMarker && (!isProperty || sections[i].marker == kEntityMarker))
@@ -223,6 +261,7 @@ public:
 private:
     Record const& m_present;
     bool m_isKept;
+    std::vector<std::set<int>> m_codes; ///< of each section
 };
 
 OdDbTagList written(Record const& record)
@@ -234,14 +273,14 @@ OdDbTagList written(Record const& record)
         for (Item const& item : section.items)
             item.value.writeTo(tags);
     }
-    for (std::string const& application : record.applications)
+    for (OdString const& application : record.applications)
         record.extendedData.at(application).writeTo(tags);
     return tags;
 }
 
 void mergeExtendedData(Record& present, Record& changes)
 {
-    for (std::string const& application : changes.applications) {
+    for (OdString const& application : changes.applications) {
         OdDbTagList& data = changes.extendedData[application];
         bool const isOnlyName = ++data.begin() == data.end();
         bool const isNew = present.extendedData.try_emplace(application).second;

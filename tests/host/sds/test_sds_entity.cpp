@@ -9,6 +9,8 @@
 #include "host/sds/sds_entity_maker.h"
 #include "tests/host/sds/entity_lists.h"
 
+#include <ctime>
+
 namespace {
 
 class SdsEntityTest : public CppUnit::TestFixture
@@ -28,6 +30,8 @@ class SdsEntityTest : public CppUnit::TestFixture
     CPPUNIT_TEST(changedGroups);
     CPPUNIT_TEST(changedVertices);
     CPPUNIT_TEST(changedPiecesOfText);
+    CPPUNIT_TEST(changedDirectionsOfText);
+    CPPUNIT_TEST(manyVerticesAreChangedFast);
     CPPUNIT_TEST(refusedChanges);
     CPPUNIT_TEST(changesAreUndone);
     CPPUNIT_TEST(erasing);
@@ -140,7 +144,10 @@ public:
                                         "0 LINE\n10 0 0 0\n11 1 0 0\n-3",
                                         "0 LINE\n102 {ACAD_REACTORS\n10 0 0 0\n11 1 0 0",
                                         "0 LINE\n0 LINE\n10 0 0 0\n11 1 0 0",
-                                        "0 LINE\n10 0 0 0\n11 1 0 0\n1005 XYZ"})
+                                        "0 LINE\n10 0 0 0\n11 1 0 0\n1005 XYZ",
+                                        "0 LINE\n10 0 0 0\n20 5.0\n11 1 0 0",
+                                        "0 LIGHT\n100 AcDbEntity\n100 AcDbLight\n50 1e308",
+                                        "0 INSERT\n2 *Model_Space\n10 0 0 0"})
             CPPUNIT_ASSERT_MESSAGE(lines, !make(lines));
         ca::RbListPtr const circle = entityList(*m_database, "0 CIRCLE\n10 0 0 0\n40 1");
         circle->rbnext->rbnext->resval.rreal = std::numeric_limits<double>::quiet_NaN();
@@ -268,7 +275,9 @@ public:
         CPPUNIT_ASSERT_EQUAL(int(RTNORM), modify(*entity, "-3\n1001 CENSUS\n1070 8\n1001 Third\n1000 x"));
         CPPUNIT_ASSERT_EQUAL(std::string("-3 \n1001 CENSUS\n1070 8\n1001 Other\n1000 text\n1001 Third\n1000 x\n"),
                              withData(L"*"));
-        CPPUNIT_ASSERT_EQUAL(int(RTNORM), modify(*entity, "1001 Other"));
+        CPPUNIT_ASSERT_EQUAL(int(RTNORM), modify(*entity, "-3\n1001 THIRD\n1000 y\n1001 other"));
+        CPPUNIT_ASSERT_EQUAL(std::string("-3 \n1001 CENSUS\n1070 8\n1001 THIRD\n1000 y\n"), withData(L"*"));
+        CPPUNIT_ASSERT_EQUAL(int(RTNORM), modify(*entity, "1001 Third\n1000 x"));
         CPPUNIT_ASSERT_EQUAL(std::string("-3 \n1001 CENSUS\n1070 8\n1001 Third\n1000 x\n"), withData(L"*"));
     }
 
@@ -315,6 +324,32 @@ public:
         CPPUNIT_ASSERT(text->contents() == L"ab");
     }
 
+    /// Of angle and direction of a text the last one counts.
+    void changedDirectionsOfText()
+    {
+        auto const text = made<OdDbMText>("0 MTEXT\n10 0 0 0\n1 text\n50 0.5");
+        auto const turnedBy = [&](std::string const& lines) {
+            CPPUNIT_ASSERT_EQUAL(int(RTNORM), modify(*text, lines));
+            return std::round(text->rotation() * 1e9) / 1e9;
+        };
+        CPPUNIT_ASSERT_EQUAL(1.570796327, turnedBy("11 0 1 0"));
+        CPPUNIT_ASSERT_EQUAL(0.25, turnedBy("50 0.25"));
+        CPPUNIT_ASSERT_EQUAL(1.570796327, turnedBy("50 0.25\n11 0 1 0"));
+        CPPUNIT_ASSERT_EQUAL(0.75, turnedBy("11 0 1 0\n50 0.75"));
+    }
+
+    void manyVerticesAreChangedFast()
+    {
+        std::string lines = "0 LWPOLYLINE\n70 0";
+        for (int i = 0; i < 20000; ++i)
+            lines += "\n10 " + std::to_string(i) + " 0";
+        auto const polyline = made<OdDbPolyline>(lines);
+        ca::RbListPtr const list(sds_entget(ca::nameOf(polyline->objectId()).words));
+        std::clock_t const start = std::clock();
+        CPPUNIT_ASSERT_EQUAL(int(RTNORM), sds_entmod(list.get()));
+        CPPUNIT_ASSERT(std::clock() - start < CLOCKS_PER_SEC); // each looked up among all: several seconds
+    }
+
     void refusedChanges()
     {
         CPPUNIT_ASSERT(make("0 BLOCK\n2 Door\n70 0") && make("0 BLOCK\n2 x") == false);
@@ -325,7 +360,7 @@ public:
         std::uint64_t const changes = m_database->changeCount();
         for (char const* const lines : {"0 LINE\n10 0 0 0", "40 -1", "40 0", "6 Missing", "210 0 0 0"})
             CPPUNIT_ASSERT_EQUAL_MESSAGE(lines, int(RTERROR), modify(*circle, lines));
-        for (char const* const lines : {"2 None", "2 ", "41 0", "70 5"})
+        for (char const* const lines : {"2 None", "2 ", "2 *Paper_Space", "41 0", "70 5"})
             CPPUNIT_ASSERT_EQUAL_MESSAGE(lines, int(RTERROR), modify(*reference, lines));
         CPPUNIT_ASSERT_EQUAL(int(RTERROR), sds_entmod(entityList(*m_database, "40 5").get()));
         CPPUNIT_ASSERT_EQUAL(int(RTERROR), sds_entmod(nullptr));

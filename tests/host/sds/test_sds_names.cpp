@@ -10,6 +10,7 @@ class SdsNamesTest : public CppUnit::TestFixture
     CPPUNIT_TEST_SUITE(SdsNamesTest);
     CPPUNIT_TEST(namesOfSelectionSets);
     CPPUNIT_TEST(namesOfEntities);
+    CPPUNIT_TEST(namesOutliveDrawings);
     CPPUNIT_TEST(buildingSets);
     CPPUNIT_TEST(refusals);
     CPPUNIT_TEST_SUITE_END();
@@ -55,7 +56,7 @@ public:
     {
         SdsName const name = ca::nameOf(m_layers);
         CPPUNIT_ASSERT(name.words[0] != 0);
-        CPPUNIT_ASSERT_EQUAL(std::int64_t(0), name.words[1]);
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(0), name.words[1] % 2); // those of selection sets are odd
         CPPUNIT_ASSERT(ca::objectIdOf(name.words) == m_layers);
         CPPUNIT_ASSERT(ca::nameOf(OdDbObjectId()).isNull());
         CPPUNIT_ASSERT(ca::objectIdOf(SdsName().words).isNull());
@@ -65,6 +66,18 @@ public:
         CPPUNIT_ASSERT(ca::objectIdOf(setName.words).isNull());
         CPPUNIT_ASSERT(ca::selectionSetOf(name.words).isNull());
         sds_ssfree(setName.words);
+    }
+
+    void namesOutliveDrawings()
+    {
+        SdsName const name = ca::nameOf(m_layers);
+        std::int64_t const serial = m_database->serial();
+        m_database = new OdDbDatabase; // the handles are the same
+        CPPUNIT_ASSERT(ca::objectIdOf(name.words).isNull());
+        CPPUNIT_ASSERT(OdDbDatabase::ofSerial(serial) == nullptr && m_database->serial() > serial);
+        SdsName const present = ca::nameOf(m_database->getLayerTableId());
+        for (SdsName const& forged : {SdsName{{12345, 0}}, {{0x7fffffffffff, present.words[1]}}, {{-1, -2}}})
+            CPPUNIT_ASSERT(ca::objectIdOf(forged.words).isNull());
     }
 
     void buildingSets()
