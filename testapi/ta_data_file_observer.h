@@ -1,7 +1,7 @@
 #pragma once
 
-// For programs that run tests and want to tell people what reading data files (ta_test_data_fixture.h) and parameters
-// files (ta_test_case_arg.h) leaves out in silence.
+// For programs that run tests and want to tell people what reading data files (ta_test_data_fixture.h) and
+// parameters files (ta_test_case_arg.h) leaves out in silence.
 
 #include "testapi/ta_host.h"
 
@@ -17,7 +17,8 @@ struct DataFileNote
 
 /// Hears of each element of a data file that is left out because it is no known class of data or could not read
 /// itself, of unknown attributes of a parameters file, and of files that cannot be read at all; not of data that a
-/// filter rejects, since that is what the caller asked for. Put in place with ut::ScopedReplacement<DataFileObserver>. No test sees any difference.
+/// filter rejects, since that is what the caller asked for. Put in place with
+/// ut::ScopedReplacement<DataFileObserver>. No test sees any difference.
 class DataFileObserver
 {
 public:

@@ -1,5 +1,9 @@
 #include "testapi/ta_observed_xml_file.h"
 
+#include "vorntest/nearest_name.h"
+
+#include <algorithm>
+
 namespace ta {
 
 pugi::xml_parse_result ObservedXmlFile::load()
@@ -22,10 +26,48 @@ void ObservedXmlFile::noteFailure(pugi::xml_parse_result const& result, wchar_t 
         {m_path, isRead ? lineAt(result.offset) : 0, consequence + (L": " + description)});
 }
 
-void ObservedXmlFile::note(pugi::xml_node const& element, OdString text)
+void ObservedXmlFile::note(pugi::xml_node const& node, OdString text)
 {
     if (isObserved())
-        DataFileObserver::current()->noted({m_path, lineAt(element.offset_debug()), std::move(text)});
+        DataFileObserver::current()->noted({m_path, lineAt(node.offset_debug()), std::move(text)});
+}
+
+void ObservedXmlFile::notePassedOver(pugi::xml_node const& element, ExpectedElement const& expected)
+{
+    if (!isObserved())
+        return;
+    noteAttributes(element, expected);
+    for (pugi::xml_node const child : element.children()) {
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            note(child, L"text between elements, passed over");
+        else if (child.type() == pugi::node_element && expected.child())
+            notePassedOver(child, *expected.child());
+        else if (child.type() == pugi::node_element)
+            note(child, L"no element is expected in " + std::wstring(element.name()) + L", " + child.name() +
+                            L" is passed over");
+    }
+}
+
+void ObservedXmlFile::noteAttributes(pugi::xml_node const& element, ExpectedElement const& expected)
+{
+    for (pugi::xml_attribute const attribute : element.attributes()) {
+        std::wstring const name = attribute.name();
+        if (std::ranges::find(expected.attributes(), name) == expected.attributes().end())
+            note(element, L"no " + expected.called() + L" is named " + name +
+                              vorntest::nearestNameHint(name, expected.attributes()));
+        else if (element.attribute(name.c_str()) != attribute)
+            note(element, name + L" is given twice, the first one counts");
+    }
+}
+
+void ObservedXmlFile::noteOtherRoots()
+{
+    if (!isObserved())
+        return;
+    for (pugi::xml_node node = root().next_sibling(); node; node = node.next_sibling())
+        if (node.type() == pugi::node_element)
+            note(node,
+                 L"only the first element of a file is read, " + std::wstring(node.name()) + L" is left out");
 }
 
 // The parser keeps no lines, so the file is read once more when there is something to tell.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "testapi/ta_data_file_observer.h"
+#include "testapi/ta_expected_element.h"
 
 #include "vorntest/line_table.h"
 
@@ -23,9 +24,14 @@ public:
     static bool isObserved() { return DataFileObserver::current() != nullptr; }
     /// `consequence` is what follows from the failure, such as "no data are read".
     void noteFailure(pugi::xml_parse_result const& result, wchar_t const* consequence);
-    void note(pugi::xml_node const& element, OdString text);
+    void note(pugi::xml_node const& node, OdString text);
+    /// Text, attributes and elements in an element that nobody looks at.
+    void notePassedOver(pugi::xml_node const& element, ExpectedElement const& expected);
+    /// Elements behind the root, which nobody looks at either.
+    void noteOtherRoots();
 
 private:
+    void noteAttributes(pugi::xml_node const& element, ExpectedElement const& expected);
     int lineAt(std::ptrdiff_t offset);
 
     OdString m_path;

@@ -3,8 +3,6 @@
 #include "testapi/ta_assert.h"
 #include "testapi/ta_observed_xml_file.h"
 
-#include "vorntest/nearest_name.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -27,15 +25,6 @@ std::wstring_view fileOf(std::wstring_view path)
 std::wstring_view folderOf(std::wstring_view path)
 {
     return path.substr(0, path.rfind(L'/') + 1);
-}
-
-/// A misspelt attribute would switch nothing, without a word.
-void noteUnknownParams(ObservedXmlFile& file)
-{
-    static constexpr std::wstring_view known[] = {s_on, s_off, s_drawing};
-    for (pugi::xml_attribute const attribute : file.root().attributes())
-        if (std::wstring const name = attribute.name(); std::ranges::find(known, name) == std::end(known))
-            file.note(file.root(), L"no parameter is named " + name + vorntest::nearestNameHint(name, known));
 }
 
 } // namespace
@@ -95,7 +84,9 @@ void TestCaseArgParams::readParams()
         m_params.reset();
         message(L"could not read params file", true);
     }
-    noteUnknownParams(*m_params);
+    // A misspelt attribute would switch nothing, without a word.
+    m_params->notePassedOver(m_params->root(), ExpectedElement(L"parameter", L"on? off? dwg?"));
+    m_params->noteOtherRoots();
     str2set(m_params->root().attribute(s_on).value(), m_on);
     str2set(m_params->root().attribute(s_off).value(), m_off);
 }

@@ -1,6 +1,7 @@
 #include "testapi/ta_test_data_fixture.h"
 
 #include "testapi/ta_observed_xml_file.h"
+#include "testapi/ta_test_data_elements.h"
 #include "testapi/ta_utils.h"
 
 #include "vorntest/nearest_name.h"
@@ -14,36 +15,58 @@ namespace ta {
 
 namespace {
 
-/// Why an element gives no datum.
-std::wstring reasonFor(std::wstring const& name)
-{
-    if (ut::CRtClass::find(name))
-        return name + L" could not be read, left out";
-    std::wstring const reason = L"no class of data is named " + name + L", left out";
-    std::wstring_view const meant = vorntest::nearestName(name, ut::CRtClass::names());
-    return meant.empty() ? reason : reason + L"; did you mean " + std::wstring(meant) + L"?";
-}
-
-/// Tells observers of the elements of a file that give no data.
-class LeftOutElements
+/// Tells observers of a file what reading it passes over.
+class PassedOver
 {
 public:
-    explicit LeftOutElements(ObservedXmlFile& file) : m_file(file) {}
+    explicit PassedOver(ObservedXmlFile& file) : m_file(file) { m_file.noteOtherRoots(); }
 
-    void note(pugi::xml_node const& element)
+    /// Something among the data: what gives no datum, and what a datum does not look at.
+    void note(pugi::xml_node const& node, ut::TestGeData const* datum)
     {
-        if (!ObservedXmlFile::isObserved() || element.type() != pugi::node_element)
+        if (!ObservedXmlFile::isObserved())
             return;
-        std::wstring const name = element.name();
-        auto const [reason, isNew] = m_reasons.try_emplace(name);
-        if (isNew)
-            reason->second = reasonFor(name);
-        m_file.note(element, reason->second);
+        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+            m_file.note(node, L"text between data, passed over");
+        if (node.type() != pugi::node_element)
+            return;
+        ut::CRtClass const* const cls = datum ? datum->isA() : ut::CRtClass::find(node.name());
+        ExpectedElement const* const expected = cls ? m_elements.of(cls) : nullptr;
+        if (!datum)
+            m_file.note(node, cls ? unreadable(node, expected) : unknown(node.name()));
+        if (expected)
+            m_file.notePassedOver(node, *expected);
     }
 
 private:
+    static std::wstring unreadable(pugi::xml_node const& element, ExpectedElement const* expected)
+    {
+        std::wstring const reason = element.name() + std::wstring(L" could not be read, left out");
+        if (expected)
+            for (std::wstring const& name : expected->required())
+                if (!element.attribute(name.c_str()))
+                    return reason + L": it has no " + name;
+        return reason;
+    }
+    /// A file may have a thousand elements of one misspelt class.
+    std::wstring const& unknown(std::wstring const& name)
+    {
+        auto const [text, isNew] = m_unknown.try_emplace(name);
+        if (isNew) {
+            if (m_names.empty())
+                m_names = ut::CRtClass::names();
+            std::wstring_view const meant = vorntest::nearestName(name, m_names);
+            text->second = L"no class of data is named " + name + L", left out";
+            if (!meant.empty())
+                text->second.append(L"; did you mean '").append(meant).append(L"'?");
+        }
+        return text->second;
+    }
+
     ObservedXmlFile& m_file;
-    std::map<std::wstring, std::wstring> m_reasons; ///< by the names of elements
+    TestDataElements m_elements;
+    std::vector<std::wstring_view> m_names;
+    std::map<std::wstring, std::wstring> m_unknown; ///< what is told of an unknown class
 };
 
 OdString withSlashes(wchar_t const* path)
@@ -64,12 +87,11 @@ void readDataFromXML(TestGeDataArray& data, wchar_t const* path, EReadDataFromXM
         file.noteFailure(result, L"no data are read");
         return;
     }
-    LeftOutElements leftOut(file);
-    for (pugi::xml_node const element : file.root().children()) {
-        std::unique_ptr<ut::TestGeData> datum = ut::TestGeData::readObject(element);
-        if (!datum)
-            leftOut.note(element);
-        else if (!filter || datum->isKindOf(filter))
+    PassedOver passedOver(file);
+    for (pugi::xml_node const node : file.root().children()) {
+        std::unique_ptr<ut::TestGeData> datum = ut::TestGeData::readObject(node);
+        passedOver.note(node, datum.get());
+        if (datum && (!filter || datum->isKindOf(filter)))
             data.append(std::move(datum));
     }
 }

@@ -200,7 +200,7 @@ private:
         ProgramRun const list = listOfArcs();
         CPPUNIT_ASSERT_EQUAL(std::string("ArcTests/ArcTests.trim/ArcTests.trim.Data#0\n"), list.out);
         std::string const warnings =
-            "examples/data/arcs.xml:2: warning: TestOdGeCircArc2d could not be read, left out\n"
+            "examples/data/arcs.xml:2: warning: TestOdGeCircArc2d could not be read, left out: it has no center\n"
             "examples/data/arcs.xml:4: warning: no class of data is named Arc, left out\n";
         CPPUNIT_ASSERT_EQUAL(warnings, list.err);
         ProgramRun const run = bench({"ArcTests"});

@@ -8,6 +8,8 @@
 #include <cppunit/TestSuite.h>
 #include <cppunit/extensions/HelperMacros.h>
 
+#include <sstream>
+
 namespace {
 
 constexpr char const* s_line = "<TestOdGeLineSeg2d start='0,0' end='3,4'/>\n";
@@ -85,6 +87,8 @@ class TestDataFixtureTest : public CppUnit::TestFixture
     CPPUNIT_TEST(filters);
     CPPUNIT_TEST(unreadableFiles);
     CPPUNIT_TEST(notesWhatIsLeftOut);
+    CPPUNIT_TEST(notesWhatDataDoNotLookAt);
+    CPPUNIT_TEST(attributesOfAllClasses);
     CPPUNIT_TEST(linesInAllEncodings);
     CPPUNIT_TEST(namesOfFiles);
     CPPUNIT_TEST(names);
@@ -101,6 +105,13 @@ class TestDataFixtureTest : public CppUnit::TestFixture
     void readText(std::string const& elements, ut::CRtClass const* filter = nullptr)
     {
         read(m_folder.write("data.xml", "<Data>\n" + elements + "</Data>\n"), filter);
+    }
+
+    std::string notesOf(std::string const& element)
+    {
+        NoteTaker notes;
+        readText(element);
+        return notes.text();
     }
 
 public:
@@ -159,15 +170,94 @@ public:
         {
             NoteTaker notes;
             readText(elements, ta::TestOdGeSegmentChain2d::desc());
-            CPPUNIT_ASSERT_EQUAL(std::string("data.xml:3: TestOdGePoint3d could not be read, left out\n"
-                                             "data.xml:7: no class of data is named Tset, left out\n"
-                                             "data.xml:8: TestOdGeLineSeg2d could not be read, left out\n"
-                                             "data.xml:9: no class of data is named TestOdGeLinSeg2d, left out; "
-                                             "did you mean TestOdGeLineSeg2d?\n"),
-                                 notes.text());
+            CPPUNIT_ASSERT_EQUAL(
+                std::string("data.xml:3: TestOdGePoint3d could not be read, left out\n"
+                            "data.xml:6: text between data, passed over\n"
+                            "data.xml:7: no class of data is named Tset, left out\n"
+                            "data.xml:8: TestOdGeLineSeg2d could not be read, left out: it has no end\n"
+                            "data.xml:9: no class of data is named TestOdGeLinSeg2d, left out; "
+                            "did you mean 'TestOdGeLineSeg2d'?\n"),
+                notes.text());
         }
         readText(elements); // nobody listens any more
         CPPUNIT_ASSERT_EQUAL(std::size_t(3), m_data.size());
+    }
+
+    void notesWhatDataDoNotLookAt()
+    {
+        NoteTaker notes;
+        read(m_folder.write("data.xml", R"(<Data>
+<TestOdGeCircArc2d center='0,0' radius='1' startAng='0' endAng='1' clokwise='1' RefVec='0,1'/>
+<TestOdGeSegmentChain2d Closed='1'>text<vertex pt='0,0'/>
+ <vertex pt='5,0' buldge='1'/></TestOdGeSegmentChain2d>
+<TestOdGeLineSeg2d start='0,0' end='3,4' end='5,6'><vertex/></TestOdGeLineSeg2d>
+<TestOdGeRay3d base='0,0,0' direction='1,0,0'/>
+<TestLineSeg2dArray><x start='0,0' end='1,1' w='1'/></TestLineSeg2dArray>
+</Data>
+<TestOdGePoint3dArray nPt='0' aPt=''/>)"));
+        CPPUNIT_ASSERT_EQUAL(
+            std::string(
+                "data.xml:9: only the first element of a file is read, TestOdGePoint3dArray is left out\n"
+                "data.xml:2: no attribute of TestOdGeCircArc2d is named clokwise; did you mean 'clockwise'?\n"
+                "data.xml:2: no attribute of TestOdGeCircArc2d is named RefVec; did you mean 'refVec'?\n"
+                "data.xml:3: no attribute of TestOdGeSegmentChain2d is named Closed; did you mean 'closed'?\n"
+                "data.xml:3: text between elements, passed over\n"
+                "data.xml:4: no attribute of TestOdGeSegmentChain2d is named buldge; did you mean 'bulge'?\n"
+                "data.xml:5: end is given twice, the first one counts\n"
+                "data.xml:5: no element is expected in TestOdGeLineSeg2d, vertex is passed over\n"
+                "data.xml:6: TestOdGeRay3d could not be read, left out: it has no dir\n"
+                "data.xml:6: no attribute of TestOdGeRay3d is named direction; known are 'base', 'dir'\n"
+                "data.xml:7: no attribute of TestLineSeg2dArray is named w; known are 'start', 'end'\n"),
+            notes.text());
+        CPPUNIT_ASSERT_EQUAL(std::size_t(4), m_data.size());
+    }
+
+    /// What is noted agrees with what the classes read: each attribute is known, and missed where it is required.
+    void attributesOfAllClasses()
+    {
+        char const* const elements[] = {
+            "<TestOdGeLineSeg2d start='0,0' end='1,1'/>",
+            "<TestOdGeLineSeg3d start='0,0' end='1,1'/>",
+            "<TestOdGeRay3d base='1,2,3' dir='0,0,1'/>",
+            "<TestOdGeLine3d base='1,2,3' dir='0,0,1'/>",
+            "<TestOdGeCircArc2d center='1,5' radius='2' startAng='0' endAng='1' refVec='0,1' clockwise='1'/>",
+            "<TestOdGeCircArc3d center='0,0' normal='0,0,1' refVec='1,0,0' radius='3' startAng='0' endAng='3'/>",
+            "<TestOdGeEllipArc2d center='0,0' majorAxis='1,0' minorAxis='0,1' majorRadius='6' minorRadius='4' "
+            "startAng='0' endAng='3'/>",
+            "<TestOdGeEllipArc3d center='0,0' majorAxis='1,0,0' minorAxis='0,1,0' majorRadius='6' "
+            "minorRadius='4' startAng='0' endAng='3'/>",
+            "<TestOdGeNurbCurve3d degree='1' periodic='0' nKnot='4' aKnot='0 0 1 1' nPt='2' aPt='0,0 1,1' "
+            "nWeight='2' aWeight='1 1'/>",
+            "<TestOdGeSegmentChain2d closed='1'><vertex pt='0,0' bulge='1'/></TestOdGeSegmentChain2d>",
+            "<TestOdGeSegmentChain2dOnPlane closed='1' normal='0,1,0' elev='2'><vertex pt='0,0' bulge='1'/>"
+            "</TestOdGeSegmentChain2dOnPlane>",
+            "<TestOdGePolyline3d nPt='1' aPt='0,0' closed='1'/>",
+            "<TestOdGePoint3dArray nPt='1' aPt='0,0'/>",
+            "<TestLineSeg2dArray><a start='0,0' end='1,1'/></TestLineSeg2dArray>",
+            "<TestPgMesh mSize='1' nSize='1' aPt='0,0' MClosed='1' NClosed='1'/>",
+            "<TestMTextData pos='1,2' width='5' text='a' rotAngDeg='3'/>",
+            "<TestTextData pos='1,2' widthFactor='5' text='a' rotAngDeg='3'/>",
+            "<TestHandleArray nHd='1' aHd='2A'/>",
+        };
+        for (char const* const element : elements) {
+            CPPUNIT_ASSERT_EQUAL_MESSAGE(element, std::string(), notesOf(element));
+            pugi::xml_document document;
+            document.load_string(OdString::fromUtf8(element).c_str());
+            for (pugi::xml_attribute const attribute : document.first_child().attributes()) {
+                pugi::xml_document without;
+                pugi::xml_node copy = without.append_copy(document.first_child());
+                copy.remove_attribute(attribute.name());
+                if (std::wstring_view(attribute.name()).ends_with(L"Weight"))
+                    continue; // missing together only
+                bool const isRead = ut::TestGeData::readObject(copy) != nullptr;
+                std::wostringstream text;
+                copy.print(text, L"", pugi::format_raw);
+                std::string const missed =
+                    std::string("left out: it has no ") + OdString(attribute.name()).toUtf8() + "\n";
+                CPPUNIT_ASSERT_EQUAL_MESSAGE(
+                    missed, !isRead, notesOf(OdString(text.str()).toUtf8()).find(missed) != std::string::npos);
+            }
+        }
     }
 
     void linesInAllEncodings()
