@@ -14,7 +14,8 @@
 class BenchSession
 {
 public:
-    /// Throws vorntest::ConfigError when configuration or modules cannot be used.
+    /// Throws vorntest::ConfigError when the configuration cannot be used or a module not be loaded, UsageError when
+    /// modules fail to make their tests.
     explicit BenchSession(std::string const& configPath);
 
     vorntest::TestsConfig const& config() const { return m_bench.testsConfig(); }
@@ -26,6 +27,8 @@ public:
     std::vector<std::string> takeDataFileWarnings() { return m_dataFiles.take(); }
 
 private:
+    void makeTests();
+
     // In the order of construction: tests live in their modules' code, modules ask for the bench and read data.
     DataFileWarnings m_dataFiles;
     vorntest::VornTestBench m_bench;

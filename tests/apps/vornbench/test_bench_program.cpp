@@ -141,6 +141,8 @@ private:
 
     void exitCodesTellWhatHappened()
     {
+        m_folder.write("impossible.xml",
+                       config("<suite name='Impossible' module='bench_probe'><mask>a</mask></suite>"));
         m_folder.write("broken.xml", "<testsConfig><suit/></testsConfig>");
         m_folder.write("module.xml", "<testsConfig>\n<module name='nowhere'/></testsConfig>");
         m_folder.write("text.xml", "<testsConfig>\n<module name='./tests.xml.so'/></testsConfig>");
@@ -167,6 +169,7 @@ private:
              "broken.xml:1: unknown element <suit> in <testsConfig>; did you mean <suite>?"},
             {{"run", "module.xml"}, 4, "module.xml:2: module 'nowhere' not found: there is no file /"},
             {{"run", "text.xml"}, 4, "text.xml:2: module 'tests' cannot be loaded: "},
+            {{"list", "impossible.xml"}, 4, "impossible.xml: the modules cannot make their tests: no such datum"},
             {{"run", "tests.xml", "--junit", "no/folder.xml"}, 4, "cannot write no/folder.xml: "},
             {{"run", "tests.xml", "--results", "no/folder"}, 4, "cannot write no/folder: No such file"},
             {{"run", "tests.xml", "Good", "--results", "/dev/full"}, 3, "cannot write /dev/full: No space left"},
