@@ -65,7 +65,7 @@ expect_exit 1 "$work/run" "$bench" run "$project/config.xml" outside_wrong --no-
 expect_line "$work/run" "wrong_count.xml:3"
 expect_line "$work/run" "model space holds 2 entities, expected 3"
 
-cp -r "$source/examples" "$work/examples"
+cp -r "$installed/share/doc/testapi/examples" "$work/examples"
 for module in module data_module; do
     build_module "$work/examples/$module" "$work/examples/build/$module"
 done
