@@ -72,8 +72,7 @@ OdString textOfField(OdDbField const& field, void const* place, OdDbDatabase con
     switch (field.kind) {
     case OdDbFieldKind::kString: return Comparison::textOf(as<OdString>(place));
     case OdDbFieldKind::kReference: return Comparison::textOf(as<OdDbObjectId>(place));
-    case OdDbFieldKind::kName:
-        return Comparison::textOf(odDbNameMeant(field, as<OdDbObjectId>(place), database));
+    case OdDbFieldKind::kName: return Comparison::textOf(odDbNameMeant(field, as<OdDbObjectId>(place), database));
     default: return odFormat(L"%lld", static_cast<long long>(integerAt(field.kind, place)));
     }
 }

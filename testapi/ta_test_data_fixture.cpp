@@ -8,6 +8,7 @@
 
 #include <cppunit/TestSuite.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 
@@ -42,11 +43,22 @@ private:
     static std::wstring unreadable(pugi::xml_node const& element, ExpectedElement const* expected)
     {
         std::wstring const reason = element.name() + std::wstring(L" could not be read, left out");
-        if (expected)
-            for (std::wstring const& name : expected->required())
-                if (!element.attribute(name.c_str()))
-                    return reason + L": it has no " + name;
+        if (!expected)
+            return reason;
+        if (std::wstring const lack = firstLack(element, *expected); !lack.empty())
+            return reason + L": it has no " + lack;
+        for (pugi::xml_node child = element.first_child(); child && expected->child();
+             child = child.next_sibling())
+            if (child.type() == pugi::node_element)
+                if (std::wstring const lack = firstLack(child, *expected->child()); !lack.empty())
+                    return reason + L": " + child.name() + L" has no " + lack;
         return reason;
+    }
+    static std::wstring firstLack(pugi::xml_node const& element, ExpectedElement const& expected)
+    {
+        auto const lack = std::ranges::find_if(
+            expected.required(), [&](std::wstring const& name) { return !element.attribute(name.c_str()); });
+        return lack == expected.required().end() ? std::wstring() : *lack;
     }
     /// A file may have a thousand elements of one misspelt class.
     std::wstring const& unknown(std::wstring const& name)

@@ -14,8 +14,8 @@
 class BenchSession
 {
 public:
-    /// Throws vorntest::ConfigError when the configuration cannot be used or a module not be loaded, UsageError when
-    /// modules fail to make their tests.
+    /// Throws vorntest::ConfigError when the configuration cannot be used or a module not be loaded, UsageError
+    /// when modules fail to make their tests.
     explicit BenchSession(std::string const& configPath);
 
     vorntest::TestsConfig const& config() const { return m_bench.testsConfig(); }

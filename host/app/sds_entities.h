@@ -17,8 +17,8 @@
 ///
 /// RTNORM; RTERROR, and nothing is made, for a malformed list, an unknown type, missing values and those that an
 /// audit finds fault with, names of linetypes, styles or blocks that the drawing lacks, references to model space
-/// or sheets, a list that does not belong where the sequence is, and without a drawing. A sequence goes on after that, unless it was its SEQEND or ENDBLK that failed. Null
-/// forgets sequences that have not ended.
+/// or sheets, a list that does not belong where the sequence is, and without a drawing. A sequence goes on after
+/// that, unless it was its SEQEND or ENDBLK that failed. Null forgets sequences that have not ended.
 int sds_entmake(sds_resbuf const* list);
 
 /// The last entity of the active space that is not erased, parts aside; RTERROR when there is none.

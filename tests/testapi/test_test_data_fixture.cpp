@@ -193,11 +193,12 @@ public:
 <TestOdGeLineSeg2d start='0,0' end='3,4' end='5,6'><vertex/></TestOdGeLineSeg2d>
 <TestOdGeRay3d base='0,0,0' direction='1,0,0'/>
 <TestLineSeg2dArray><x start='0,0' end='1,1' w='1'/></TestLineSeg2dArray>
+<TestLineSeg2dArray><x start='0,0'/></TestLineSeg2dArray>
 </Data>
 <TestOdGePoint3dArray nPt='0' aPt=''/>)"));
         CPPUNIT_ASSERT_EQUAL(
             std::string(
-                "data.xml:9: only the first element of a file is read, TestOdGePoint3dArray is left out\n"
+                "data.xml:10: only the first element of a file is read, TestOdGePoint3dArray is left out\n"
                 "data.xml:2: no attribute of TestOdGeCircArc2d is named clokwise; did you mean 'clockwise'?\n"
                 "data.xml:2: no attribute of TestOdGeCircArc2d is named RefVec; did you mean 'refVec'?\n"
                 "data.xml:3: no attribute of TestOdGeSegmentChain2d is named Closed; did you mean 'closed'?\n"
@@ -207,7 +208,8 @@ public:
                 "data.xml:5: no element is expected in TestOdGeLineSeg2d, vertex is passed over\n"
                 "data.xml:6: TestOdGeRay3d could not be read, left out: it has no dir\n"
                 "data.xml:6: no attribute of TestOdGeRay3d is named direction; known are 'base', 'dir'\n"
-                "data.xml:7: no attribute of TestLineSeg2dArray is named w; known are 'start', 'end'\n"),
+                "data.xml:7: no attribute of TestLineSeg2dArray is named w; known are 'start', 'end'\n"
+                "data.xml:8: TestLineSeg2dArray could not be read, left out: x has no end\n"),
             notes.text());
         CPPUNIT_ASSERT_EQUAL(std::size_t(4), m_data.size());
     }
