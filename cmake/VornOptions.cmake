@@ -24,7 +24,7 @@ target_compile_options(vorn_options INTERFACE
   # Programs too, after CMake's own -fPIE for them: all share one precompiled header, which ties them to one code model.
   -fPIC
   # GCC 12 warns wrongly of std::string in optimised code (its bug 105329).
-  "$<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow>"
+  "$<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow;-Wno-stringop-overread>"
   "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/="
   "$<$<BOOL:${VORN_CCACHE}>:-fpch-preprocess>")
 target_include_directories(vorn_options INTERFACE "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
