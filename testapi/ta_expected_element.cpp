@@ -17,6 +17,10 @@ ExpectedElement::ExpectedElement(std::wstring called, std::wstring_view layout) 
         if (name.empty())
             return;
         rest.remove_prefix(name.size());
+        if (name.ends_with(L':')) {
+            m_name = name.substr(0, name.size() - 1);
+            continue;
+        }
         bool const isOptional = name.ends_with(L'?');
         if (isOptional)
             name.remove_suffix(1);

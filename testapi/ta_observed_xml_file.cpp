@@ -28,8 +28,13 @@ void ObservedXmlFile::noteFailure(pugi::xml_parse_result const& result, wchar_t 
 
 void ObservedXmlFile::note(pugi::xml_node const& node, OdString text)
 {
-    if (isObserved())
-        DataFileObserver::current()->noted({m_path, lineAt(node.offset_debug()), std::move(text)});
+    if (!isObserved())
+        return;
+    // A text begins behind the element in front of it, but people see where its first word is.
+    std::wstring_view const value = node.value();
+    std::size_t const blanks = std::min(value.find_first_not_of(L" \t\r\n"), value.size());
+    std::ptrdiff_t const offset = node.offset_debug() + static_cast<std::ptrdiff_t>(blanks);
+    DataFileObserver::current()->noted({m_path, lineAt(offset), std::move(text)});
 }
 
 void ObservedXmlFile::notePassedOver(pugi::xml_node const& element, ExpectedElement const& expected)

@@ -47,11 +47,16 @@ private:
             return reason;
         if (std::wstring const lack = firstLack(element, *expected); !lack.empty())
             return reason + L": it has no " + lack;
-        for (pugi::xml_node child = element.first_child(); child && expected->child();
-             child = child.next_sibling())
-            if (child.type() == pugi::node_element)
-                if (std::wstring const lack = firstLack(child, *expected->child()); !lack.empty())
-                    return reason + L": " + child.name() + L" has no " + lack;
+        ExpectedElement const* const inner = expected->child();
+        for (pugi::xml_node child = element.first_child(); child && inner; child = child.next_sibling()) {
+            if (child.type() != pugi::node_element)
+                continue;
+            if (!inner->name().empty() && child.name() != inner->name())
+                return reason + L": " + child.name() + L" stands where only " + std::wstring(inner->name()) +
+                       L" can";
+            if (std::wstring const lack = firstLack(child, *inner); !lack.empty())
+                return reason + L": " + child.name() + L" has no " + lack;
+        }
         return reason;
     }
     static std::wstring firstLack(pugi::xml_node const& element, ExpectedElement const& expected)

@@ -21,7 +21,7 @@ std::vector<std::string> DataFileWarnings::take()
     for (auto& [key, lines] : m_lines)
         if (std::size_t const more = std::exchange(lines.countedOnly, 0); more > 0)
             m_new.push_back(warning({key.first, *lines.told.rbegin()},
-                                    key.second + ", and " + std::to_string(more) + " more"));
+                                    key.second + " (and " + std::to_string(more) + " more)"));
     return std::exchange(m_new, {});
 }
 

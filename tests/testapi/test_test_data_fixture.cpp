@@ -172,7 +172,7 @@ public:
             readText(elements, ta::TestOdGeSegmentChain2d::desc());
             CPPUNIT_ASSERT_EQUAL(
                 std::string("data.xml:3: TestOdGePoint3d could not be read, left out\n"
-                            "data.xml:6: text between data, passed over\n"
+                            "data.xml:7: text between data, passed over\n"
                             "data.xml:7: no class of data is named Tset, left out\n"
                             "data.xml:8: TestOdGeLineSeg2d could not be read, left out: it has no end\n"
                             "data.xml:9: no class of data is named TestOdGeLinSeg2d, left out; "
@@ -194,11 +194,14 @@ public:
 <TestOdGeRay3d base='0,0,0' direction='1,0,0'/>
 <TestLineSeg2dArray><x start='0,0' end='1,1' w='1'/></TestLineSeg2dArray>
 <TestLineSeg2dArray><x start='0,0'/></TestLineSeg2dArray>
+<TestOdGeSegmentChain2d><vertx pt='0,0'/></TestOdGeSegmentChain2d>
+
+  text
 </Data>
 <TestOdGePoint3dArray nPt='0' aPt=''/>)"));
         CPPUNIT_ASSERT_EQUAL(
             std::string(
-                "data.xml:10: only the first element of a file is read, TestOdGePoint3dArray is left out\n"
+                "data.xml:13: only the first element of a file is read, TestOdGePoint3dArray is left out\n"
                 "data.xml:2: no attribute of TestOdGeCircArc2d is named clokwise; did you mean 'clockwise'?\n"
                 "data.xml:2: no attribute of TestOdGeCircArc2d is named RefVec; did you mean 'refVec'?\n"
                 "data.xml:3: no attribute of TestOdGeSegmentChain2d is named Closed; did you mean 'closed'?\n"
@@ -209,7 +212,10 @@ public:
                 "data.xml:6: TestOdGeRay3d could not be read, left out: it has no dir\n"
                 "data.xml:6: no attribute of TestOdGeRay3d is named direction; known are 'base', 'dir'\n"
                 "data.xml:7: no attribute of TestLineSeg2dArray is named w; known are 'start', 'end'\n"
-                "data.xml:8: TestLineSeg2dArray could not be read, left out: x has no end\n"),
+                "data.xml:8: TestLineSeg2dArray could not be read, left out: x has no end\n"
+                "data.xml:9: TestOdGeSegmentChain2d could not be read, left out: vertx stands where only vertex "
+                "can\n"
+                "data.xml:11: text between data, passed over\n"),
             notes.text());
         CPPUNIT_ASSERT_EQUAL(std::size_t(4), m_data.size());
     }
