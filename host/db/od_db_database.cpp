@@ -238,11 +238,6 @@ void OdDbDatabase::raiseHandseedAbove(OdDbHandle handle)
         raiseHandseed(OdDbHandle(handle.value() + 1));
 }
 
-OdDbObjectId OdDbDatabase::findId(OdDbHandle handle) const
-{
-    return OdDbObjectId(m_handles.find(handle));
-}
-
 OdDbObjectId OdDbDatabase::getOdDbObjectId(OdDbHandle handle, bool create)
 {
     if (handle.isNull())

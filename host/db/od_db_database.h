@@ -130,8 +130,6 @@ public:
     std::int64_t serial() const { return m_serial; }
     /// The drawing of a serial; null when it is gone or never was.
     static OdDbDatabase* ofSerial(std::int64_t serial);
-    /// The id of a handle that the drawing has an object for, or that something in it refers to; else null.
-    OdDbObjectId findId(OdDbHandle handle) const;
 
 private:
     friend class OdDbCreateStep;

@@ -3,14 +3,54 @@
 #include "host/db/od_db_database.h"
 #include "host/root/od_error.h"
 
-#include <bit>
 #include <unordered_map>
+#include <vector>
 
 namespace {
 
-// The second word tells what is named, so that neither kind is ever taken for the other: for selection sets it is
-// 1, for objects twice the serial of their drawing, and the first word is the handle. Nothing is dereferenced.
+// The second word tells what is named, so that neither kind is ever taken for the other.
+constexpr std::int64_t s_objectKind = 0;
 constexpr std::int64_t s_selectionSetKind = 1;
+
+/// The objects of one drawing that were named. The first word of a name has their number, counted from 1, in its
+/// lower half and the serial of the drawing in its upper half, so that nothing is followed that may be gone.
+class ObjectNames
+{
+public:
+    std::int64_t numberOf(OdDbStub* stub)
+    {
+        auto const [it, isNew] = m_numbers.try_emplace(stub, m_stubs.size() + 1);
+        if (isNew)
+            m_stubs.push_back(stub);
+        return static_cast<std::int64_t>(it->second);
+    }
+    OdDbStub* find(std::int64_t number) const
+    {
+        auto const index = static_cast<std::uint64_t>(number) - 1;
+        return index < m_stubs.size() ? m_stubs[index] : nullptr;
+    }
+
+private:
+    std::vector<OdDbStub*> m_stubs;
+    std::unordered_map<OdDbStub const*, std::size_t> m_numbers;
+};
+
+constexpr std::int64_t s_half = std::int64_t{1} << 32;
+
+std::unordered_map<std::int64_t, ObjectNames>& objectNames()
+{
+    static std::unordered_map<std::int64_t, ObjectNames> s_names; // by the serial of the drawing
+    return s_names;
+}
+
+ObjectNames& namesIn(OdDbDatabase const& database)
+{
+    auto& all = objectNames();
+    if (auto const known = all.find(database.serial()); known != all.end())
+        return known->second;
+    std::erase_if(all, [](auto const& each) { return !OdDbDatabase::ofSerial(each.first); });
+    return all[database.serial()];
+}
 
 struct SelectionSetNames
 {
@@ -79,13 +119,17 @@ SdsName nameOf(OdDbObjectId id)
     OdDbDatabase const* const database = id.database();
     if (!database)
         return {};
-    return {{std::bit_cast<std::int64_t>(id.getHandle().value()), 2 * database->serial()}};
+    return {{database->serial() * s_half + namesIn(*database).numberOf(id.stub()), s_objectKind}};
 }
 
 OdDbObjectId objectIdOf(std::int64_t const* name)
 {
-    OdDbDatabase const* const database = name && name[1] % 2 == 0 ? OdDbDatabase::ofSerial(name[1] / 2) : nullptr;
-    return database ? database->findId(OdDbHandle(std::bit_cast<std::uint64_t>(name[0]))) : OdDbObjectId();
+    if (!name || name[1] != s_objectKind)
+        return {};
+    std::int64_t const serial = name[0] / s_half;
+    auto const names = objectNames().find(serial);
+    bool const isKnown = names != objectNames().end() && OdDbDatabase::ofSerial(serial);
+    return isKnown ? OdDbObjectId(names->second.find(name[0] % s_half)) : OdDbObjectId();
 }
 
 } // namespace ca

@@ -56,7 +56,8 @@ public:
     {
         SdsName const name = ca::nameOf(m_layers);
         CPPUNIT_ASSERT(name.words[0] != 0);
-        CPPUNIT_ASSERT_EQUAL(std::int64_t(0), name.words[1] % 2); // those of selection sets are odd
+        CPPUNIT_ASSERT_EQUAL(std::int64_t(0), name.words[1]);
+        CPPUNIT_ASSERT(ca::nameOf(m_layers) == name && !(ca::nameOf(m_blocks) == name));
         CPPUNIT_ASSERT(ca::objectIdOf(name.words) == m_layers);
         CPPUNIT_ASSERT(ca::nameOf(OdDbObjectId()).isNull());
         CPPUNIT_ASSERT(ca::objectIdOf(SdsName().words).isNull());
@@ -76,8 +77,9 @@ public:
         CPPUNIT_ASSERT(ca::objectIdOf(name.words).isNull());
         CPPUNIT_ASSERT(OdDbDatabase::ofSerial(serial) == nullptr && m_database->serial() > serial);
         SdsName const present = ca::nameOf(m_database->getLayerTableId());
-        for (SdsName const& forged : {SdsName{{12345, 0}}, {{0x7fffffffffff, present.words[1]}}, {{-1, -2}}})
-            CPPUNIT_ASSERT(ca::objectIdOf(forged.words).isNull());
+        std::int64_t const word = present.words[0];
+        for (std::int64_t const forged : {std::int64_t(12345), word + 1, word - 1, -word, INT64_MIN, INT64_MAX})
+            CPPUNIT_ASSERT(ca::objectIdOf(SdsName{{forged, 0}}.words).isNull());
     }
 
     void buildingSets()
