@@ -6,7 +6,10 @@
 #include "host/root/od_string.h"
 #include "vorntest/config_error.h"
 
+#include <cppunit/TestSuite.h>
 #include <cppunit/extensions/TestFactoryRegistry.h>
+
+#include <utility>
 
 namespace {
 
@@ -32,7 +35,9 @@ void BenchSession::makeTests()
 {
     std::string reason = shownPath(odWideToUtf8(config().path())) + ": the modules cannot make their tests: ";
     try {
-        m_tests.reset(CppUnit::TestFactoryRegistry::getRegistry().makeTest());
+        auto suite = std::make_unique<CppUnit::TestSuite>("All Tests");
+        CppUnit::TestFactoryRegistry::getRegistry().addTestToSuite(suite.get()); // makeTest() would lose its suite
+        m_tests = std::move(suite);
         return;
     } catch (vorntest::ConfigError const& error) {
         reason = error.what();
