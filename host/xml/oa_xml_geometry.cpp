@@ -176,12 +176,12 @@ struct EllipseLayout
     Arc curve() const
     {
         OdGeVector3d major = inSpace(majorAxis);
-        OdGeVector3d minor = inSpace(minorAxis);
         if (!isHalfAxis(major, majorRadius))
             major = odgeUnitOrThrow(major) * majorRadius;
         OdGeVector3d const unit = major / major.length();
-        if (minor = odgePartAcross(minor, unit); !isHalfAxis(minor, minorRadius))
-            minor = odgeUnitAcross(minor, unit) * minorRadius;
+        OdGeVector3d const across = odgePartAcross(inSpace(minorAxis), unit);
+        OdGeVector3d const minor =
+            isHalfAxis(across, minorRadius) ? across : odgeUnitAcross(inSpace(minorAxis), unit) * minorRadius;
         return Arc(OdGeEllipArc3d(inSpace(center), major, minor, startAngle, endAngle));
     }
     /// Axes are written with their half lengths, which keeps their digits; other lengths only tell directions.

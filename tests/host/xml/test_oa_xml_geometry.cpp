@@ -160,6 +160,12 @@ class OaXmlGeometryTest : public CppUnit::TestFixture
                                         R"(minorRadius="0" startAng="0" endAng="3"/>)",
                                         R"(<e center="0,0" majorAxis="1,0" minorAxis="0,1" majorRadius="4" )"
                                         R"(minorRadius="2" startAng="0" endAngDeg="3"/>)"});
+        // Parallel but for rounding, which long axes make large.
+        checkRefused(OdGeEllipArc3d(),
+                     {R"(<e center="0,0" majorAxis="3,1,2" minorAxis="3e9,1e9,2e9" majorRadius="4" )"
+                      R"(minorRadius="2" startAng="0" endAng="3"/>)",
+                      R"(<e center="0,0" majorAxis="0.1,0.7,0.3" minorAxis="1e10,7e10,3e10" majorRadius="4" )"
+                      R"(minorRadius="2" startAng="0" endAng="3"/>)"});
     }
 
     void splines()
