@@ -86,7 +86,7 @@ OdDbObjectId OdDbDatabase::getLayerZeroId() const
 
 OdDbObjectId OdDbDatabase::getLinetypeByLayerId() const
 {
-    return table(OdDbTableKind::kLinetype).getAt(L"ByLayer");
+    return getUsual(OdDbTableKind::kLinetype);
 }
 
 OdDbObjectId OdDbDatabase::getUsual(OdDbTableKind kind) const
