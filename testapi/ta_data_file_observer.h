@@ -16,9 +16,9 @@ struct DataFileNote
 };
 
 /// Hears of each element of a data file that is left out because it is no known class of data or could not read
-/// itself, of unknown attributes of a parameters file, and of files that cannot be read at all; not of data that a
-/// filter rejects, since that is what the caller asked for. Put in place with
-/// ut::ScopedReplacement<DataFileObserver>. No test sees any difference.
+/// itself, of attributes, text and elements in data and parameters files that nobody looks at, and of files that
+/// cannot be read at all; not of data that a filter rejects, since that is what the caller asked for. Put in place
+/// with ut::ScopedReplacement<DataFileObserver>. No test sees any difference.
 class DataFileObserver
 {
 public:
